@@ -1,0 +1,54 @@
+#include "core/event.h"
+
+#include "core/client_context.h"
+#include "core/context_entities.h"
+
+namespace oet {
+
+std::optional<EventDraft> EventDraft::Open(Lookup lookup) {
+  ICVWebServiceAPI* web_service = nullptr;
+  if (lookup == Lookup::kWebServiceAndTelemetry) {
+    EnsureClientContext();
+    web_service = GetWebServiceApi();
+    if (web_service == nullptr) return std::nullopt;
+  }
+  iOrbotelemetryAPI* telemetry = GetTelemetryApi();
+  if (telemetry == nullptr) return std::nullopt;
+  IOrboEvent* event = telemetry->CreateEvent();
+  if (event == nullptr) return std::nullopt;
+  return EventDraft(telemetry, web_service, event);
+}
+
+void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
+  ContextList list;
+  list.AddSlot(BuildClientEntity(telemetry_, web_service_));
+  list.AddSlot(BuildTrackingInfoEntity(telemetry_, tracking));
+  AttachContext(list);
+}
+
+void EventDraft::AttachBasicContext(bool device_facts) {
+  ContextList list;
+  list.Add(Create<orbo_entity::BasicContextEntity170>());
+  auto* device = Create<orbo_entity::BasicDeviceContextEntity>();
+  if (device != nullptr && device_facts) FillDeviceContext(*device);
+  list.Add(device);
+  list.Add(Create<orbo_entity::BasicContextEntity169>());
+  AttachContext(list);
+}
+
+void EventDraft::AttachContext(const ContextList& list) {
+  if (!list.empty()) event_->AttachEntityList(kContextAttachment, list.entries());
+}
+
+int EventDraft::Submit(SubmitCodes codes) {
+  EventParams params;
+  telemetry_->SubmitEvent(event_, codes.first, codes.second, &params);
+  return 1;
+}
+
+int EventDraft::Destroy() {
+  event_->DestroyEvent(1);
+  return 0;
+}
+
+}  // namespace oet

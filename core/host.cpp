@@ -1,0 +1,41 @@
+#include "core/host.h"
+
+#include <cstring>
+
+#include "platform/kst_convert.h"
+#include "platform/service_registry.h"
+
+namespace oet {
+namespace {
+
+void* LookUpService(const char* module_name, const char* class_string) {
+  IServiceRegistry* registry = KstMQ_GetService();
+  if (registry == nullptr) return nullptr;
+  IServiceModule* module = registry->GetModule(module_name);
+  if (module == nullptr) return nullptr;
+  return module->GetClassObject(class_string);
+}
+
+}  // namespace
+
+iOrbotelemetryAPI* GetTelemetryApi() {
+  return static_cast<iOrbotelemetryAPI*>(LookUpService(kOrboTelemetryModule, kOrboTelemetryClass));
+}
+
+ICVWebServiceAPI* GetWebServiceApi() {
+  return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
+}
+
+std::string TextOf(const Kst::CStringT<char>& text) { return std::string(text.c_str()); }
+
+std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
+  // A wide character never takes more than four UTF-8 bytes; one more for the terminator.
+  const int length = text.GetLength();
+  std::string utf8(static_cast<size_t>(length) * 4 + 1, '\0');
+  const int written =
+      kst_str_convert(KST_CP_UTF8, text.c_str(), length, &utf8[0], static_cast<int>(utf8.size()));
+  utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
+  return utf8;
+}
+
+}  // namespace oet

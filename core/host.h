@@ -1,0 +1,44 @@
+// The library's side of the host contract: finding the host's services, requesting typed entities,
+// and moving strings into entity fields.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/kst_string.h"
+#include "platform/telemetry_api.h"
+#include "platform/web_service.h"
+
+namespace oet {
+
+// The telemetry service, looked up afresh through the host's registry; null when any step of the
+// lookup (registry, module, class object) answers null. Nothing is cached.
+iOrbotelemetryAPI* GetTelemetryApi();
+// The web service, looked up the same way.
+ICVWebServiceAPI* GetWebServiceApi();
+
+// A new entity of type E (an interface of platform/entities.h), or null.
+template <class E>
+E* CreateEntity(iOrbotelemetryAPI* telemetry) {
+  return static_cast<E*>(telemetry->CreateEntity(E::kTypeId));
+}
+
+// The text of a host string up to its first NUL.
+std::string TextOf(const Kst::CStringT<char>& text);
+// A wide host string as UTF-8, through the host's code-page conversion.
+std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
+inline std::string Utf8Of(const Kst::CStringT<char>& text) { return TextOf(text); }
+inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) { return ToUtf8(text); }
+
+// The rule for string fields copied from input: an empty source clears the field, anything else sets
+// its UTF-8 text.
+template <class E, class Source>
+void SetOrClear(E* entity, void (E::*clear)(), void (E::*set)(const std::string&), const Source& source) {
+  if (source.IsEmpty()) {
+    (entity->*clear)();
+  } else {
+    (entity->*set)(Utf8Of(source));
+  }
+}
+
+}  // namespace oet

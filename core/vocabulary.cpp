@@ -1,0 +1,256 @@
+#include "core/vocabulary.h"
+
+#include <cstddef>
+
+// Every word here is a wire word: the back end compares it byte for byte, including the capital letters
+// and misspellings noted in the header. Copy new words exactly as the back end spells them.
+
+namespace oet {
+namespace {
+
+struct Word {
+  int32_t value;
+  const char* word;
+};
+
+// The word of `value` in `table`, or the empty string when the table has none. The tables are a few
+// dozen entries at most, so a linear scan is enough; the only allocation is the returned string.
+template <std::size_t N>
+std::string Lookup(const Word (&table)[N], int32_t value) {
+  for (const Word& entry : table) {
+    if (entry.value == value) return entry.word;
+  }
+  return std::string();
+}
+
+}  // namespace
+
+std::string TabToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "chat"},
+      {2, "home"},
+      {3, "phone"},
+      {4, "meetings"},
+      {5, "apps"},
+      {6, "meet_chat"},
+      {7, "contacts"},
+      {8, "settings"},
+      {9, "whiteboards"},
+      {10, "mail"},
+      {11, "cci"},
+      {12, "calendar"},
+      // 13..16 have no tab word.
+      {17, "hub"},
+      {18, "workflows"},
+      {19, "workspaces"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string CallDirectionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "inbound"},
+      {2, "outbound"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string InteractionTypeToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "screen_displayed"},  {2, "button_clicked"},  {3, "keyboard_typed"},
+      {4, "keyboard_shortcut"}, {5, "touchpad_tapped"}, {6, "clicked"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string HomeTabFeatureToString(int32_t value) {
+  // "Unknown" keeps its capital U, and 0 has a word here only.
+  static constexpr Word kWords[] = {
+      {0, "Unknown"},  {1, "schedule_meeting"}, {2, "share_screen"},
+      {3, "home_tab"}, {4, "start_a_meeting"},  {5, "join_meeting"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string HomeTabElementToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "switch_tab"},
+      {2, "setting_icon"},
+      {3, "minimize"},
+      {4, "maximize"},
+      {5, "close"},
+      {6, "new_meeting"},
+      {7, "join"},
+      {8, "schedule_meeting"},
+      {9, "share_screen"},
+      {10, "back_to_meeting"},
+      {11, "join_panel"},
+      {12, "start_panel"},
+      {13, "view_panel"},
+      {14, "three_dot"},
+      {15, "copy_invitation_panel"},
+      {16, "edit_panel"},
+      {17, "delete_panel"},
+      {18, "join_from_a_room_panel"},
+      {19, "view_upcoming_meetings"},
+      {20, "copy_id"},
+      {21, "copy_invitation"},
+      {22, "pmi_settings"},
+      {23, "dropdown_caret"},
+      {24, "cancel"},
+      {25, "save"},
+      {26, "share_screen_button"},
+      {27, "schedule"},
+      {28, "start_a_meeting"},
+      {29, "join_meeting"},
+      {30, "ok"},
+      {31, "new_whiteboard"},
+      {32, "popin"},
+      {33, "popout"},
+      {34, "resume_auto_scroll"},
+      {35, "next_search"},
+      {36, "prev_search"},
+      {37, "cancel_search"},
+      {38, "search"},
+      {39, "automatically"},
+      {40, "manually"},
+      {41, "disable_live_transcript"},
+      {42, "live_transcript"},
+      {43, "more"},
+      {44, "text_input"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchEntryToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "global_search_bar"},
+      {2, "global_search_app"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchActionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "initiate"}, {2, "display"}, {3, "perform"}, {4, "launch"}, {5, "close"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchResultActionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "click"},
+      {2, "chat"},
+      {3, "meet_with_Video"},  // Capital V on purpose, unlike 4.
+      {4, "meet_without_video"},
+      {5, "phone_call"},
+      {6, "notify_me_when_available"},
+      {7, "do_not_notify_me_when_available"},
+      {8, "add_members"},
+      {9, "view_profile"},
+      {10, "star_this_contact"},
+      {11, "add_to_group"},
+      {12, "move_to_folder"},
+      {13, "add_to_auto_answer_group"},
+      {14, "block_contact"},
+      {15, "unblock_contact"},
+      {16, "delete_contact"},
+      {17, "star_this_channel"},
+      {18, "notifications"},
+      {19, "edit_channel"},
+      {20, "assign_new_admin"},
+      {21, "manage_posting_permissions"},
+      {22, "clear_chat_history"},
+      {23, "leave_channel"},
+      {24, "delete_channel"},
+      {25, "preview_channel"},
+      {26, "join_channel"},
+      {27, "view_context"},
+      {28, "jump"},
+      {29, "down_load_file"},  // Split "down_load" on purpose.
+      {30, "share_file"},
+      {31, "add_file_to_emoji"},
+      {32, "open_file"},
+      {33, "open_in_browser"},
+      {34, "show_in_folder"},
+      {35, "copy"},
+      {36, "delete"},
+      {37, "open_with_other_app"},
+      {38, "clear_all"},
+      {39, "join_huddle"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchCategoryToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "all"},
+      {2, "top_result"},
+      {3, "contacts"},
+      {4, "channels"},
+      {5, "joined_channels"},
+      {6, "unjoined_public_channels"},  // Spelt correctly here, unlike section 6.
+      {7, "messages"},
+      {8, "files"},
+      {9, "recent_searches"},
+      {10, "spell_check_contact"},
+      {11, "muc"},
+      {12, "pmc"},
+      {13, "room"},
+      {14, "semantic_unjoined_public_channel"},
+      {15, "huddles"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchSectionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "contacts"},
+      {2, "channels"},
+      {3, "messages"},
+      {4, "files"},
+      {5, "joined_channels"},
+      {6, "unjonied_public_channels"},  // "unjonied" on purpose, unlike category 6.
+      {7, "recent_searches"},
+      {8, "spell_check_contact"},
+      {9, "muc"},
+      {10, "pmc"},
+      {11, "room"},
+      {12, "semantic_unjoined_public_channel"},
+      {13, "huddles"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchSourceToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "none"},
+      {2, "all"},
+      {3, "chat"},
+      {4, "sms"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchFileTypeToString(int32_t value) {
+  // "all files" keeps its space; the other words are joined with underscores.
+  static constexpr Word kWords[] = {
+      {1, "all files"},     {2, "images"},       {3, "videos"},     {4, "documents"},
+      {5, "presentations"}, {6, "spreadsheets"}, {7, "whiteboard"}, {8, "other_file_types"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchSortOrderToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "most_recent"},
+      {2, "most_relevant"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SearchChatScopeToString(int32_t value) {
+  return value == 1 ? "orbo_chat" : std::string();
+}
+
+}  // namespace oet

@@ -1,0 +1,61 @@
+// The wire vocabulary: host enumerations go out in events as words, never as numbers. Each function
+// below turns one enumeration's 32-bit value into its word (plain ASCII). The back end matches these
+// words byte for byte, so their case and their odd spellings are part of the wire format and must not be
+// "corrected". A value outside a table gives the empty string. All functions are pure, may be called
+// from any thread, and throw nothing but std::bad_alloc from building the returned string.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace oet {
+
+// Main-window tabs, 1..12 and 17..19 ("chat", "home", ..., "workspaces"). 13..16 are unused and give "".
+std::string TabToString(int32_t value);
+
+// Phone call direction: 1 "inbound", 2 "outbound".
+std::string CallDirectionToString(int32_t value);
+
+// How a home-tab element was used: 1 "screen_displayed" .. 6 "clicked".
+std::string InteractionTypeToString(int32_t value);
+
+// Home-tab feature reached, 0..5. Value 0 is "Unknown" with a capital U, unlike every other word, and is
+// the only table in which 0 has a word; the back end expects it that way.
+std::string HomeTabFeatureToString(int32_t value);
+
+// Home-tab element used, 1 "switch_tab" .. 44 "text_input".
+std::string HomeTabElementToString(int32_t value);
+
+// Where a search was entered: 1 "global_search_bar", 2 "global_search_app".
+std::string SearchEntryToString(int32_t value);
+
+// Step of a search: 1 "initiate", 2 "display", 3 "perform", 4 "launch", 5 "close".
+std::string SearchActionToString(int32_t value);
+
+// What was done with a search result, 1 "click" .. 39 "join_huddle". Keep as they are: 3 is
+// "meet_with_Video" (capital V) next to 4 "meet_without_video", and 29 is "down_load_file".
+std::string SearchResultActionToString(int32_t value);
+
+// Search category, 1 "all" .. 15 "huddles". Value 6 is "unjoined_public_channels"; the section words
+// below spell the same category "unjonied_public_channels". Both spellings are what the back end expects.
+std::string SearchCategoryToString(int32_t value);
+
+// Section of the displayed search results, 1 "contacts" .. 13 "huddles" (numbered differently from the
+// categories). Value 6 is "unjonied_public_channels", misspelt on purpose; do not align it with the
+// category word.
+std::string SearchSectionToString(int32_t value);
+
+// Source searched: 1 "none", 2 "all", 3 "chat", 4 "sms".
+std::string SearchSourceToString(int32_t value);
+
+// File-type filter of a search, 1..8. Value 1 is "all files" with a space, unlike the other
+// underscore-joined words; keep the space.
+std::string SearchFileTypeToString(int32_t value);
+
+// Sort order of displayed search results: 1 "most_recent", 2 "most_relevant".
+std::string SearchSortOrderToString(int32_t value);
+
+// Chat scope of the search context: only 1 has a word, "orbo_chat".
+std::string SearchChatScopeToString(int32_t value);
+
+}  // namespace oet

@@ -1,0 +1,91 @@
+// The entity interfaces of the telemetry schema (platform/entity_schema.def), as the library calls them.
+//
+// Every entity class derives virtually from orbo_entity::EntityBase; entities listed with a field
+// interface derive virtually from it too, as their second virtual base, and are filled through it.
+// Each entity interface carries its type id (kTypeId) and name (kName). Operations are declared in
+// the order of the entity's table of operations, placeholders included.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orbo_entity {
+
+// The base shared by every entity class; what an event is given when an entity is attached.
+class EntityBase {
+ protected:
+  ~EntityBase() = default;
+};
+
+// Signatures of the operation kinds.
+#define KST_SIGNATURE_Clear ()
+#define KST_SIGNATURE_Call ()
+#define KST_SIGNATURE_String (const std::string& value)
+#define KST_SIGNATURE_Int32 (int32_t value)
+#define KST_SIGNATURE_Int64 (int64_t value)
+#define KST_SIGNATURE_Bool (bool value)
+#define KST_SIGNATURE_Double (double value)
+
+namespace schema_check {
+// True when the numbers run 1, 2, 3, ... after the leading 0.
+template <int N>
+constexpr bool Consecutive(const int (&numbers)[N]) {
+  for (int i = 0; i < N; ++i) {
+    if (numbers[i] != i) return false;
+  }
+  return true;
+}
+}  // namespace schema_check
+
+#define KST_FIELDS(Name)                     \
+  class Name {                               \
+   public:                                   \
+    static constexpr char kName[] = #Name;
+#define KST_ENTITY(Name, TypeId)                 \
+  class Name : public virtual EntityBase {       \
+   public:                                       \
+    static constexpr int32_t kTypeId = TypeId;   \
+    static constexpr char kName[] = #Name;
+#define KST_ENTITY_VIA(Name, TypeId, Fields)                             \
+  class Name : public virtual EntityBase, public virtual Fields {       \
+   public:                                                               \
+    static constexpr int32_t kTypeId = TypeId;                           \
+    static constexpr char kName[] = #Name;
+#define KST_OP(Name, N, Kind, OpName) virtual void OpName KST_SIGNATURE_##Kind = 0;
+#define KST_RESERVED(Name, N) \
+  virtual void ReservedOp##N() {}
+#define KST_END(Name)       \
+ protected:                 \
+  ~Name() = default;        \
+  }                         \
+  ;
+#include "platform/entity_schema.def"
+#undef KST_FIELDS
+#undef KST_ENTITY
+#undef KST_ENTITY_VIA
+#undef KST_OP
+#undef KST_RESERVED
+#undef KST_END
+
+// Compile-time check that every block numbers its operations without gaps, so that each declared
+// operation sits at the position its number says.
+#define KST_FIELDS(Name) inline constexpr int Name##_numbers[] = {0
+#define KST_ENTITY(Name, TypeId) KST_FIELDS(Name)
+#define KST_ENTITY_VIA(Name, TypeId, Fields) KST_FIELDS(Name)
+#define KST_OP(Name, N, Kind, OpName) , N
+#define KST_RESERVED(Name, N) , N
+#define KST_END(Name) \
+  }                   \
+  ;                   \
+  static_assert(schema_check::Consecutive(Name##_numbers), #Name ": operation numbers must run 1, 2, 3, ...");
+namespace schema_check {
+#include "platform/entity_schema.def"
+}  // namespace schema_check
+#undef KST_FIELDS
+#undef KST_ENTITY
+#undef KST_ENTITY_VIA
+#undef KST_OP
+#undef KST_RESERVED
+#undef KST_END
+
+}  // namespace orbo_entity

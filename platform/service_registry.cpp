@@ -1,0 +1,84 @@
+#include "platform/service_registry.h"
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace {
+
+class Module final : public IServiceModule {
+ public:
+  void* GetClassObject(const char* class_string) override;
+  std::map<std::string, void*> objects;
+};
+
+class Registry final : public IServiceRegistry {
+ public:
+  IServiceModule* GetModule(const char* module_name) override;
+  std::mutex mutex;
+  // Modules are never erased, only emptied, so that a pointer handed out stays valid.
+  std::map<std::string, Module> modules;
+  std::atomic<bool> available{true};
+};
+
+Registry& TheRegistry() {
+  static Registry registry;
+  return registry;
+}
+
+void* Module::GetClassObject(const char* class_string) {
+  if (class_string == nullptr) return nullptr;
+  std::lock_guard<std::mutex> lock(TheRegistry().mutex);
+  const auto it = objects.find(class_string);
+  return it == objects.end() ? nullptr : it->second;
+}
+
+IServiceModule* Registry::GetModule(const char* module_name) {
+  if (module_name == nullptr) return nullptr;
+  std::lock_guard<std::mutex> lock(mutex);
+  const auto it = modules.find(module_name);
+  return it == modules.end() || it->second.objects.empty() ? nullptr : &it->second;
+}
+
+}  // namespace
+
+IServiceRegistry* KstMQ_GetService() {
+  Registry& registry = TheRegistry();
+  return registry.available.load() ? &registry : nullptr;
+}
+
+namespace KstHost {
+
+void RegisterClassObject(const char* module_name, const char* class_string, void* object) {
+  if (module_name == nullptr || class_string == nullptr) return;
+  Registry& registry = TheRegistry();
+  std::lock_guard<std::mutex> lock(registry.mutex);
+  registry.modules[module_name].objects[class_string] = object;
+}
+
+void UnregisterModule(const char* module_name) {
+  if (module_name == nullptr) return;
+  Registry& registry = TheRegistry();
+  std::lock_guard<std::mutex> lock(registry.mutex);
+  const auto it = registry.modules.find(module_name);
+  if (it != registry.modules.end()) it->second.objects.clear();
+}
+
+void UnregisterClassObject(const char* module_name, const char* class_string) {
+  if (module_name == nullptr || class_string == nullptr) return;
+  Registry& registry = TheRegistry();
+  std::lock_guard<std::mutex> lock(registry.mutex);
+  const auto it = registry.modules.find(module_name);
+  if (it != registry.modules.end()) it->second.objects.erase(class_string);
+}
+
+void ClearRegistry() {
+  Registry& registry = TheRegistry();
+  std::lock_guard<std::mutex> lock(registry.mutex);
+  for (auto& module : registry.modules) module.second.objects.clear();
+}
+
+void SetRegistryAvailable(bool available) { TheRegistry().available.store(available); }
+
+}  // namespace KstHost

@@ -1,0 +1,158 @@
+#include "testing/event_json.h"
+
+namespace oet_testing {
+namespace {
+
+const char* FnName(Call::Fn fn) {
+  switch (fn) {
+    case Call::Fn::kCreateEvent:
+      return "CreateEvent";
+    case Call::Fn::kCreateEntity:
+      return "CreateEntity";
+    case Call::Fn::kEntityOp:
+      return "op";
+    case Call::Fn::kAttachEntityList:
+      return "AttachEntityList";
+    case Call::Fn::kAttachEntity:
+      return "AttachEntity";
+    case Call::Fn::kSubmitEvent:
+      return "SubmitEvent";
+    case Call::Fn::kDestroyEvent:
+      return "DestroyEvent";
+  }
+  return "";
+}
+
+const char* KindName(OpKind kind) {
+  switch (kind) {
+    case OpKind::kClear:
+      return "clear";
+    case OpKind::kCall:
+      return "call";
+    case OpKind::kString:
+      return "string";
+    case OpKind::kInt32:
+      return "int32";
+    case OpKind::kInt64:
+      return "int64";
+    case OpKind::kBool:
+      return "bool";
+    case OpKind::kDouble:
+      return "double";
+  }
+  return "";
+}
+
+const char* OutcomeName(RecordedEvent::Outcome outcome) {
+  switch (outcome) {
+    case RecordedEvent::Outcome::kOpen:
+      return "open";
+    case RecordedEvent::Outcome::kSubmitted:
+      return "submitted";
+    case RecordedEvent::Outcome::kDestroyed:
+      return "destroyed";
+  }
+  return "";
+}
+
+// An entity reference: its number, null, or "unknown" for a pointer the host never handed out.
+Json EntityRef(int number) {
+  if (number == 0) return nullptr;
+  if (number < 0) return "unknown";
+  return number;
+}
+
+bool IsCall(const Json& value) { return value.is_object() && value.contains("fn"); }
+
+void Pretty(const Json& value, int indent, std::string& out) {
+  const std::string pad(static_cast<size_t>(indent) * 2, ' ');
+  const std::string inner(static_cast<size_t>(indent + 1) * 2, ' ');
+  if (IsCall(value) || value.empty() || !value.is_structured()) {
+    out += value.dump();
+    return;
+  }
+  const bool object = value.is_object();
+  out += object ? "{\n" : "[\n";
+  size_t i = 0;
+  for (auto it = value.begin(); it != value.end(); ++it, ++i) {
+    out += inner;
+    if (object) out += Json(it.key()).dump() + ": ";
+    Pretty(*it, indent + 1, out);
+    out += i + 1 < value.size() ? ",\n" : "\n";
+  }
+  out += pad + (object ? "}" : "]");
+}
+
+}  // namespace
+
+Json ToJson(const Call& call) {
+  Json out = Json::object();
+  out["fn"] = FnName(call.fn);
+  switch (call.fn) {
+    case Call::Fn::kCreateEvent:
+      out["event"] = call.event == 0 ? Json(nullptr) : Json(call.event);
+      break;
+    case Call::Fn::kCreateEntity:
+      out["type"] = call.type;
+      out["entity"] = EntityRef(call.entity);
+      break;
+    case Call::Fn::kEntityOp:
+      out["entity"] = EntityRef(call.entity);
+      out["type"] = call.type;
+      out["iface"] = call.iface;
+      out["op"] = call.op;
+      out["name"] = call.name;
+      out["kind"] = KindName(call.kind);
+      std::visit(
+          [&out](const auto& value) {
+            using T = std::decay_t<decltype(value)>;
+            if constexpr (!std::is_same_v<T, std::monostate>) out["value"] = value;
+          },
+          call.value);
+      break;
+    case Call::Fn::kAttachEntityList: {
+      out["id"] = call.attachment_id;
+      Json entities = Json::array();
+      for (const int number : call.entities) entities.push_back(EntityRef(number));
+      out["entities"] = entities;
+      break;
+    }
+    case Call::Fn::kAttachEntity:
+      out["id"] = call.attachment_id;
+      out["entity"] = EntityRef(call.entity);
+      break;
+    case Call::Fn::kSubmitEvent:
+      out["codes"] = {call.first_code, call.second_code};
+      out["params"] = call.params;
+      break;
+    case Call::Fn::kDestroyEvent:
+      out["arg"] = call.first_code;
+      break;
+  }
+  if (call.threw) out["threw"] = true;
+  return out;
+}
+
+Json ToJson(const RecordedEvent& event) {
+  Json calls = Json::array();
+  for (const auto& call : event.calls) calls.push_back(ToJson(call));
+  Json out = Json::object();
+  out["event"] = event.number;
+  out["outcome"] = OutcomeName(event.outcome);
+  out["calls"] = calls;
+  return out;
+}
+
+Json ToJson(const std::vector<RecordedEvent>& events) {
+  Json out = Json::array();
+  for (const auto& event : events) out.push_back(ToJson(event));
+  return out;
+}
+
+std::string PrettyPrint(const Json& value) {
+  std::string out;
+  Pretty(value, 0, out);
+  return out;
+}
+
+}  // namespace oet_testing

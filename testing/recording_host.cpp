@@ -1,0 +1,337 @@
+#include "testing/recording_host.h"
+
+#include <sstream>
+#include <stdexcept>
+
+#include "platform/kst_time.h"
+#include "platform/service_registry.h"
+#include "platform/system_info.h"
+#include "platform/url_utils.h"
+
+namespace oet_testing {
+
+// The telemetry service object the library is handed.
+class RecordingHost::Telemetry final : public iOrbotelemetryAPI {
+ public:
+  explicit Telemetry(RecordingHost* host) : host_(host) {}
+  IOrboEvent* CreateEvent() override { return host_->CreateEvent(); }
+  void* CreateEntity(int32_t type) override { return host_->CreateEntity(type); }
+  int32_t SubmitEvent(IOrboEvent* event, int32_t first, int32_t second, EventParams* params) override {
+    return host_->SubmitEvent(event, first, second, params);
+  }
+
+ private:
+  RecordingHost* host_;
+};
+
+// An event object the library is handed; deleted when the library destroys it.
+class RecordingHost::Event final : public IOrboEvent {
+ public:
+  Event(RecordingHost* host, int number) : host_(host), number_(number) {}
+  void DestroyEvent(int32_t flags) override { host_->DestroyEvent(*this, flags); }
+  void AttachEntityList(int32_t id, std::vector<orbo_entity::EntityBase*> entities) override {
+    host_->AttachEntityList(*this, id, entities);
+  }
+  void AttachEntity(int32_t id, orbo_entity::EntityBase* entity) override { host_->AttachEntity(*this, id, entity); }
+  int number() const { return number_; }
+
+ private:
+  RecordingHost* host_;
+  int number_;
+};
+
+struct RecordingHost::EventState {
+  RecordedEvent record;
+  std::unique_ptr<Event> object;  // null once destroyed
+  int entity_count = 0;
+  std::thread::id thread;
+};
+
+namespace {
+
+using KstHost::SystemFact;
+
+// The machine every standard host describes, and the moment its clock shows.
+void InstallStandardMachine() {
+  const std::pair<SystemFact, const char*> facts[] = {
+      {SystemFact::kOSVersion, "10.0.22631"},
+      {SystemFact::kSystemProductName, "Example Book 14"},
+      {SystemFact::kSystemManufacturer, "Example Computers"},
+      {SystemFact::kRegionName, "US"},
+      {SystemFact::kGPUModel, "Example Graphics 620"},
+      {SystemFact::kCPUType, "x64"},
+      {SystemFact::kCPUName, "Example CPU 8 cores @ 2.40GHz"},
+      {SystemFact::kTotalRAMGB, "16"},
+      {SystemFact::kScreenSizeIn, "14"},
+      {SystemFact::kResolution, "1920*1080"},
+      {SystemFact::kNetworkType, "wifi"},
+      {SystemFact::kLanguageSetting, "en-US"},
+      {SystemFact::kCurrentVersion, "6.2.10.4512"},
+  };
+  for (const auto& fact : facts) KstHost::OverrideSystemFact(fact.first, fact.second);
+  KstHost::SetClock(Kst::Time::FromUnixMilliseconds(1772860141042));  // 2026-03-07T05:09:01.042Z
+}
+
+std::string Quoted(const std::string& text) {
+  std::string out = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') out += '\\';
+    out += c;
+  }
+  return out + "\"";
+}
+
+std::string EntityRef(int number) { return number == 0 ? "null" : number < 0 ? "unknown" : "#" + std::to_string(number); }
+
+}  // namespace
+
+RecordingHost::RecordingHost(Machine machine) : telemetry_(std::make_unique<Telemetry>(this)) {
+  if (machine == Machine::kStandard) InstallStandardMachine();
+  KstHost::SetRegistryAvailable(true);
+  SetTelemetryPresent(true);
+  SetWebServicePresent(true);
+}
+
+RecordingHost::~RecordingHost() {
+  KstHost::ClearRegistry();
+  KstHost::SetRegistryAvailable(true);
+  KstHost::ClearSystemFactOverrides();
+  KstHost::UseSystemClock();
+  KstHost::SetUrlUtilsPresent(true);
+  KstHost::SetDevelopmentUrlPredicate(nullptr);
+}
+
+void RecordingHost::SetRegistryAvailable(bool available) { KstHost::SetRegistryAvailable(available); }
+
+void RecordingHost::SetTelemetryPresent(bool present) {
+  if (present) {
+    KstHost::RegisterClassObject(kOrboTelemetryModule, kOrboTelemetryClass,
+                                 static_cast<iOrbotelemetryAPI*>(telemetry_.get()));
+  } else {
+    KstHost::UnregisterModule(kOrboTelemetryModule);
+  }
+}
+
+void RecordingHost::SetWebServicePresent(bool present) {
+  if (present) {
+    KstHost::RegisterClassObject(kWebServiceModule, kWebServiceClass, static_cast<ICVWebServiceAPI*>(&web_service_));
+  } else {
+    KstHost::UnregisterModule(kWebServiceModule);
+  }
+}
+
+void RecordingHost::SetCreateEventFails(bool fails) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  create_event_fails_ = fails;
+}
+
+void RecordingHost::SetCreateEntityFails(int32_t type, bool fails) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  if (fails) {
+    failing_types_.insert(type);
+  } else {
+    failing_types_.erase(type);
+  }
+}
+
+void RecordingHost::ThrowAtCall(int n) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  throw_countdown_ = n;
+}
+
+std::vector<Call> RecordingHost::Log() const {
+  std::lock_guard<std::mutex> lock(mutex_);
+  return log_;
+}
+
+std::vector<RecordedEvent> RecordingHost::TakeEvents() {
+  std::lock_guard<std::mutex> lock(mutex_);
+  std::vector<RecordedEvent> taken;
+  for (size_t i = first_untaken_; i < events_.size(); ++i) taken.push_back(events_[i]->record);
+  first_untaken_ = events_.size();
+  log_.clear();
+  return taken;
+}
+
+std::vector<RecordedEvent> RecordingHost::Events() const {
+  std::lock_guard<std::mutex> lock(mutex_);
+  std::vector<RecordedEvent> all;
+  for (const auto& state : events_) all.push_back(state->record);
+  return all;
+}
+
+void RecordingHost::Record(Call call) {
+  const bool throw_now = throw_countdown_ > 0 && --throw_countdown_ == 0;
+  call.threw = throw_now;
+  if (call.event > 0) events_[static_cast<size_t>(call.event - 1)]->record.calls.push_back(call);
+  log_.push_back(std::move(call));
+  if (throw_now) throw std::runtime_error("recording host told to throw");
+}
+
+RecordingHost::EventState* RecordingHost::OpenEventOfThisThread() {
+  const auto it = open_event_.find(std::this_thread::get_id());
+  return it == open_event_.end() ? nullptr : events_[static_cast<size_t>(it->second - 1)].get();
+}
+
+int RecordingHost::EntityNumber(orbo_entity::EntityBase* base) const {
+  if (base == nullptr) return 0;
+  const auto it = entity_by_base_.find(base);
+  return it == entity_by_base_.end() ? -1 : it->second->number();
+}
+
+IOrboEvent* RecordingHost::CreateEvent() {
+  std::lock_guard<std::mutex> lock(mutex_);
+  Call call;
+  call.fn = Call::Fn::kCreateEvent;
+  if (create_event_fails_) {
+    Record(call);
+    return nullptr;
+  }
+  auto state = std::make_unique<EventState>();
+  state->record.number = static_cast<int>(events_.size()) + 1;
+  state->object = std::make_unique<Event>(this, state->record.number);
+  state->thread = std::this_thread::get_id();
+  IOrboEvent* object = state->object.get();
+  call.event = state->record.number;
+  open_event_[state->thread] = state->record.number;
+  events_.push_back(std::move(state));
+  Record(call);
+  return object;
+}
+
+void* RecordingHost::CreateEntity(int32_t type) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  EventState* state = OpenEventOfThisThread();
+  Call call;
+  call.fn = Call::Fn::kCreateEntity;
+  call.type = type;
+  call.event = state == nullptr ? 0 : state->record.number;
+  std::unique_ptr<RecordedEntity> entity;
+  if (failing_types_.count(type) == 0) {
+    entity = MakeRecordedEntity(type, this, call.event, state == nullptr ? 0 : state->entity_count + 1);
+  }
+  if (entity != nullptr) {
+    if (state != nullptr) ++state->entity_count;
+    call.entity = entity->number();
+    entity_by_base_[entity->base()] = entity.get();
+  }
+  void* own = entity == nullptr ? nullptr : entity->own_interface();
+  if (entity != nullptr) entities_.push_back(std::move(entity));
+  Record(call);
+  return own;
+}
+
+void RecordingHost::RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
+                             OpValue value) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  Call call;
+  call.fn = Call::Fn::kEntityOp;
+  call.event = entity.event();
+  call.entity = entity.number();
+  call.type = entity.type();
+  call.iface = iface;
+  call.op = op;
+  call.name = name;
+  call.kind = kind;
+  call.value = std::move(value);
+  Record(std::move(call));
+}
+
+int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t second, EventParams* params) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  Call call;
+  call.fn = Call::Fn::kSubmitEvent;
+  call.first_code = first;
+  call.second_code = second;
+  call.params = params == nullptr ? -1 : static_cast<long long>(params->size());
+  EventState* state = nullptr;
+  for (auto& candidate : events_) {
+    if (candidate->object.get() == event && event != nullptr) state = candidate.get();
+  }
+  call.event = state == nullptr ? 0 : state->record.number;
+  const bool will_throw = throw_countdown_ == 1;
+  if (state != nullptr && !will_throw) {
+    state->record.outcome = RecordedEvent::Outcome::kSubmitted;
+    open_event_.erase(state->thread);
+  }
+  Record(call);
+  return 0;
+}
+
+void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  EventState& state = *events_[static_cast<size_t>(event.number() - 1)];
+  Call call;
+  call.fn = Call::Fn::kDestroyEvent;
+  call.event = state.record.number;
+  call.first_code = flags;
+  Record(call);
+  state.record.outcome = RecordedEvent::Outcome::kDestroyed;
+  open_event_.erase(state.thread);
+  state.object.reset();  // the library must not touch the event again
+}
+
+void RecordingHost::AttachEntityList(Event& event, int32_t id, const std::vector<orbo_entity::EntityBase*>& entities) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  Call call;
+  call.fn = Call::Fn::kAttachEntityList;
+  call.event = event.number();
+  call.attachment_id = id;
+  for (auto* entity : entities) call.entities.push_back(EntityNumber(entity));
+  Record(call);
+}
+
+void RecordingHost::AttachEntity(Event& event, int32_t id, orbo_entity::EntityBase* entity) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  Call call;
+  call.fn = Call::Fn::kAttachEntity;
+  call.event = event.number();
+  call.attachment_id = id;
+  call.entity = EntityNumber(entity);
+  Record(call);
+}
+
+std::string Describe(const Call& call) {
+  std::ostringstream out;
+  switch (call.fn) {
+    case Call::Fn::kCreateEvent:
+      out << "CreateEvent -> " << (call.event == 0 ? "null" : "event " + std::to_string(call.event));
+      break;
+    case Call::Fn::kCreateEntity:
+      out << "CreateEntity " << call.type << " -> " << EntityRef(call.entity);
+      break;
+    case Call::Fn::kEntityOp:
+      out << EntityRef(call.entity) << " " << call.iface << "." << call.op << " " << call.name;
+      if (const auto* text = std::get_if<std::string>(&call.value)) out << " " << Quoted(*text);
+      if (const auto* i32 = std::get_if<int32_t>(&call.value)) out << " " << *i32;
+      if (const auto* i64 = std::get_if<int64_t>(&call.value)) out << " " << *i64;
+      if (const auto* flag = std::get_if<bool>(&call.value)) out << " " << (*flag ? "true" : "false");
+      if (const auto* number = std::get_if<double>(&call.value)) out << " " << *number;
+      break;
+    case Call::Fn::kAttachEntityList: {
+      out << "AttachEntityList " << call.attachment_id << " [";
+      for (size_t i = 0; i < call.entities.size(); ++i) out << (i == 0 ? "" : ", ") << EntityRef(call.entities[i]);
+      out << "]";
+      break;
+    }
+    case Call::Fn::kAttachEntity:
+      out << "AttachEntity " << call.attachment_id << " " << EntityRef(call.entity);
+      break;
+    case Call::Fn::kSubmitEvent:
+      out << "SubmitEvent " << call.first_code << " " << call.second_code << " params=" << call.params;
+      break;
+    case Call::Fn::kDestroyEvent:
+      out << "DestroyEvent " << call.first_code;
+      break;
+  }
+  if (call.threw) out << " (threw)";
+  return out.str();
+}
+
+std::vector<std::string> Describe(const std::vector<Call>& calls) {
+  std::vector<std::string> lines;
+  for (const auto& call : calls) lines.push_back(Describe(call));
+  return lines;
+}
+
+}  // namespace oet_testing
