@@ -105,24 +105,29 @@ TEST_P(WideToUtf8Test, EncodesAndReplacesInvalidUnits) {
   EXPECT_EQ(Kst::WideToUtf8(CStringT<wchar_t>(GetParam().wide)), GetParam().utf8);
 }
 
-const wchar_t kHigh = static_cast<wchar_t>(0xD83D);
-const wchar_t kLow = static_cast<wchar_t>(0xDE00);
-INSTANTIATE_TEST_SUITE_P(
-    All, WideToUtf8Test,
-    testing::Values(
-        EncodeCase{L"", ""}, EncodeCase{L"A\u00E9\u20AC\uFFFF", "A\xC3\xA9\xE2\x82\xAC\xEF\xBF\xBF"},
-        EncodeCase{Wide({0x1F600, 0x10FFFF}), "\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF"},
-        EncodeCase{std::wstring(L"a\0b", 3), std::string("a\0b", 3)}, EncodeCase{{kHigh}, kFffd},
-        EncodeCase{{L'a', kLow, L'b'}, "a" + kFffd + "b"}, EncodeCase{{kLow, kHigh}, kFffd + kFffd}
+std::vector<EncodeCase> EncodeCases() {
+  const wchar_t hi = static_cast<wchar_t>(0xD83D);
+  const wchar_t lo = static_cast<wchar_t>(0xDE00);
+  std::vector<EncodeCase> cases = {
+      {L"", ""},
+      {L"A\u00E9\u20AC\uFFFF", "A\xC3\xA9\xE2\x82\xAC\xEF\xBF\xBF"},
+      {Wide({0x1F600, 0x10FFFF}), "\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF"},
+      {std::wstring(L"a\0b", 3), std::string("a\0b", 3)},
+      {{hi}, kFffd},
+      {{L'a', lo, L'b'}, "a" + kFffd + "b"},
+      {{lo, hi}, kFffd + kFffd},
+  };
 #if WCHAR_MAX <= 0xFFFF
-        ,
-        EncodeCase{{kHigh, kHigh, kLow}, kFffd + "\xF0\x9F\x98\x80"}, EncodeCase{{L'a', kHigh}, "a" + kFffd}
+  cases.push_back({{hi, hi, lo}, kFffd + "\xF0\x9F\x98\x80"});
+  cases.push_back({{L'a', hi}, "a" + kFffd});
 #else
-        ,
-        EncodeCase{{kHigh, kLow}, kFffd + kFffd},  // pair halves are two lone surrogates here
-        EncodeCase{{static_cast<wchar_t>(0x110000), static_cast<wchar_t>(-1)}, kFffd + kFffd}
+  cases.push_back({{hi, lo}, kFffd + kFffd});  // the halves of a pair are two lone surrogates here
+  cases.push_back({{static_cast<wchar_t>(0x110000), static_cast<wchar_t>(-1)}, kFffd + kFffd});
 #endif
-        ));
+  return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, WideToUtf8Test, testing::ValuesIn(EncodeCases()));
 
 TEST(KstStrConvert, BadArgumentsGiveZeroAndTerminate) {
   char out[8] = "xxxxxxx";
@@ -303,7 +308,9 @@ TEST(CStringT, FindAndRfind) {
                {"c", 99, -1}, {"", 6, 6},   {"", 7, -1},   {nullptr, 0, -1}};
   for (const auto& c : cases) {
     EXPECT_EQ(s.find(c.needle, c.start), c.found) << (c.needle ? c.needle : "null") << " " << c.start;
-    if (c.needle) EXPECT_EQ(s.find(CStringT<char>(c.needle), c.start), c.found);
+    if (c.needle) {
+      EXPECT_EQ(s.find(CStringT<char>(c.needle), c.start), c.found);
+    }
   }
   EXPECT_EQ(s.rfind("bc"), 4);
   EXPECT_EQ(s.rfind(CStringT<char>("ab")), 3);
