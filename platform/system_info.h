@@ -55,7 +55,8 @@ enum class SystemFact {
 // Makes the fact answer `utf8_value` until cleared.
 KST_API void OverrideSystemFact(SystemFact fact, const std::string& utf8_value);
 KST_API void ClearSystemFactOverrides();
-// How many system-information queries have been answered since the process started.
+// How many machine facts have been asked for since the process started (the client version, which
+// is not a fact of the machine, is not counted).
 KST_API uint64_t SystemQueryCount();
 
 }  // namespace KstHost
