@@ -64,7 +64,9 @@ class ClientContextCache {
 
 }  // namespace
 
-void EnsureClientContext() { ClientContextCache::Get(); }
+void EnsureClientContext() {
+  ClientContextCache::Get();
+}
 
 ClientContext RefreshedClientContext() {
   ClientContextCache& cache = ClientContextCache::Get();
@@ -72,6 +74,8 @@ ClientContext RefreshedClientContext() {
   return cache.Copy();
 }
 
-void ResetClientContextForTesting() { ClientContextCache::Get().Reset(); }
+void ResetClientContextForTesting() {
+  ClientContextCache::Get().Reset();
+}
 
 }  // namespace oet

@@ -46,8 +46,8 @@ orbo_entity::TrackingInfoEntity* BuildTrackingInfoEntity(iOrbotelemetryAPI* tele
   return entity;
 }
 
-orbo_entity::ChatTrackingInfoEntity* BuildChatTrackingInfoEntity(iOrbotelemetryAPI* telemetry,
-                                                                 const OrboPTPAAP::PTTrackingInfo_s& tracking) {
+orbo_entity::ChatTrackingInfoEntity* BuildChatTrackingInfoEntity(
+    iOrbotelemetryAPI* telemetry, const OrboPTPAAP::PTTrackingInfo_s& tracking) {
   auto* entity = CreateEntity<orbo_entity::ChatTrackingInfoEntity>(telemetry);
   if (entity == nullptr) return nullptr;
   orbo_entity::TrackingValues& values = *entity;

@@ -26,7 +26,9 @@ ICVWebServiceAPI* GetWebServiceApi() {
   return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
 }
 
-std::string TextOf(const Kst::CStringT<char>& text) { return std::string(text.c_str()); }
+std::string TextOf(const Kst::CStringT<char>& text) {
+  return std::string(text.c_str());
+}
 
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
   // A wide character never takes more than four UTF-8 bytes; one more for the terminator.

@@ -27,8 +27,12 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
 std::string TextOf(const Kst::CStringT<char>& text);
 // A wide host string as UTF-8, through the host's code-page conversion.
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
-inline std::string Utf8Of(const Kst::CStringT<char>& text) { return TextOf(text); }
-inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) { return ToUtf8(text); }
+inline std::string Utf8Of(const Kst::CStringT<char>& text) {
+  return TextOf(text);
+}
+inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) {
+  return ToUtf8(text);
+}
 
 // The rule for string fields copied from input: an empty source clears the field, anything else sets
 // its UTF-8 text.

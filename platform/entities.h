@@ -37,27 +37,27 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
 }
 }  // namespace schema_check
 
-#define KST_FIELDS(Name)                     \
-  class Name {                               \
-   public:                                   \
+#define KST_FIELDS(Name) \
+  class Name {           \
+   public:               \
     static constexpr char kName[] = #Name;
-#define KST_ENTITY(Name, TypeId)                 \
-  class Name : public virtual EntityBase {       \
-   public:                                       \
-    static constexpr int32_t kTypeId = TypeId;   \
+#define KST_ENTITY(Name, TypeId)               \
+  class Name : public virtual EntityBase {     \
+   public:                                     \
+    static constexpr int32_t kTypeId = TypeId; \
     static constexpr char kName[] = #Name;
-#define KST_ENTITY_VIA(Name, TypeId, Fields)                             \
-  class Name : public virtual EntityBase, public virtual Fields {       \
-   public:                                                               \
-    static constexpr int32_t kTypeId = TypeId;                           \
+#define KST_ENTITY_VIA(Name, TypeId, Fields)                      \
+  class Name : public virtual EntityBase, public virtual Fields { \
+   public:                                                        \
+    static constexpr int32_t kTypeId = TypeId;                    \
     static constexpr char kName[] = #Name;
 #define KST_OP(Name, N, Kind, OpName) virtual void OpName KST_SIGNATURE_##Kind = 0;
 #define KST_RESERVED(Name, N) \
   virtual void ReservedOp##N() {}
-#define KST_END(Name)       \
- protected:                 \
-  ~Name() = default;        \
-  }                         \
+#define KST_END(Name) \
+ protected:           \
+  ~Name() = default;  \
+  }                   \
   ;
 #include "platform/entity_schema.def"
 #undef KST_FIELDS
@@ -74,10 +74,11 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
 #define KST_ENTITY_VIA(Name, TypeId, Fields) KST_FIELDS(Name)
 #define KST_OP(Name, N, Kind, OpName) , N
 #define KST_RESERVED(Name, N) , N
-#define KST_END(Name) \
-  }                   \
-  ;                   \
-  static_assert(schema_check::Consecutive(Name##_numbers), #Name ": operation numbers must run 1, 2, 3, ...");
+#define KST_END(Name)                                                                                     \
+  }                                                                                                       \
+  ;                                                                                                       \
+  static_assert(schema_check::Consecutive(Name##_numbers), #Name ": operation numbers must run 1, 2, 3, " \
+                                                                 "...");
 namespace schema_check {
 #include "platform/entity_schema.def"
 }  // namespace schema_check

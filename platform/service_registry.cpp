@@ -76,9 +76,12 @@ void UnregisterClassObject(const char* module_name, const char* class_string) {
 void ClearRegistry() {
   Registry& registry = TheRegistry();
   std::lock_guard<std::mutex> lock(registry.mutex);
-  for (auto& module : registry.modules) module.second.objects.clear();
+  for (auto& module : registry.modules)
+    module.second.objects.clear();
 }
 
-void SetRegistryAvailable(bool available) { TheRegistry().available.store(available); }
+void SetRegistryAvailable(bool available) {
+  TheRegistry().available.store(available);
+}
 
 }  // namespace KstHost

@@ -114,7 +114,9 @@ std::string Fact(SystemFact fact) {
   return MachineFact(fact);
 }
 
-Kst::CStringT<wchar_t> WideFact(SystemFact fact) { return Kst::Utf8ToWide(Fact(fact)); }
+Kst::CStringT<wchar_t> WideFact(SystemFact fact) {
+  return Kst::Utf8ToWide(Fact(fact));
+}
 
 }  // namespace
 
@@ -124,23 +126,45 @@ void GetOSVersion(CStringT<wchar_t>& version, int32_t& build, int32_t /*flags*/)
   version = WideFact(SystemFact::kOSVersion);
   build = 0;
 }
-CStringT<wchar_t> GetSystemProductName() { return WideFact(SystemFact::kSystemProductName); }
-CStringT<wchar_t> GetSystemManufacturer() { return WideFact(SystemFact::kSystemManufacturer); }
-CStringT<wchar_t> GetRegionName() { return WideFact(SystemFact::kRegionName); }
-CStringT<wchar_t> GetGPUModel() { return WideFact(SystemFact::kGPUModel); }
-CStringT<wchar_t> GetCPUType() { return WideFact(SystemFact::kCPUType); }
-CStringT<wchar_t> GetCPUName() { return WideFact(SystemFact::kCPUName); }
+CStringT<wchar_t> GetSystemProductName() {
+  return WideFact(SystemFact::kSystemProductName);
+}
+CStringT<wchar_t> GetSystemManufacturer() {
+  return WideFact(SystemFact::kSystemManufacturer);
+}
+CStringT<wchar_t> GetRegionName() {
+  return WideFact(SystemFact::kRegionName);
+}
+CStringT<wchar_t> GetGPUModel() {
+  return WideFact(SystemFact::kGPUModel);
+}
+CStringT<wchar_t> GetCPUType() {
+  return WideFact(SystemFact::kCPUType);
+}
+CStringT<wchar_t> GetCPUName() {
+  return WideFact(SystemFact::kCPUName);
+}
 int32_t GetTotalRAMGB() {
   uint32_t gigabytes = 0;
   return Kst::StringToUInt(CStringT<char>(Fact(SystemFact::kTotalRAMGB).c_str()), &gigabytes, 10)
              ? static_cast<int32_t>(gigabytes)
              : 0;
 }
-CStringT<wchar_t> GetScreenSizeIn() { return WideFact(SystemFact::kScreenSizeIn); }
-CStringT<wchar_t> GetResolution() { return WideFact(SystemFact::kResolution); }
-CStringT<wchar_t> GetNetworkType() { return WideFact(SystemFact::kNetworkType); }
-CStringT<wchar_t> GetLanguageSetting() { return WideFact(SystemFact::kLanguageSetting); }
-void GetCurrentVersion(CStringT<char>& version) { version = Fact(SystemFact::kCurrentVersion).c_str(); }
+CStringT<wchar_t> GetScreenSizeIn() {
+  return WideFact(SystemFact::kScreenSizeIn);
+}
+CStringT<wchar_t> GetResolution() {
+  return WideFact(SystemFact::kResolution);
+}
+CStringT<wchar_t> GetNetworkType() {
+  return WideFact(SystemFact::kNetworkType);
+}
+CStringT<wchar_t> GetLanguageSetting() {
+  return WideFact(SystemFact::kLanguageSetting);
+}
+void GetCurrentVersion(CStringT<char>& version) {
+  version = Fact(SystemFact::kCurrentVersion).c_str();
+}
 
 }  // namespace Kst
 
@@ -156,6 +180,8 @@ void ClearSystemFactOverrides() {
   g_overrides.clear();
 }
 
-uint64_t SystemQueryCount() { return g_queries.load(); }
+uint64_t SystemQueryCount() {
+  return g_queries.load();
+}
 
 }  // namespace KstHost

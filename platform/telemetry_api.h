@@ -74,7 +74,8 @@ class iOrbotelemetryAPI {
   KST_RESERVED_OP(14)
   KST_RESERVED_OP(15)
   // 16: hands a finished event to the service with two opaque codes. The result is not examined.
-  virtual int32_t SubmitEvent(IOrboEvent* event, int32_t first_code, int32_t second_code, EventParams* params) = 0;
+  virtual int32_t SubmitEvent(IOrboEvent* event, int32_t first_code, int32_t second_code,
+                              EventParams* params) = 0;
 
  protected:
   ~iOrbotelemetryAPI() = default;

@@ -28,11 +28,15 @@ UrlUtils& TheUrlUtils() {
 
 }  // namespace
 
-IOrboUrlUtils* GetOrboUrlUtils() { return TheUrlUtils().present.load() ? &TheUrlUtils() : nullptr; }
+IOrboUrlUtils* GetOrboUrlUtils() {
+  return TheUrlUtils().present.load() ? &TheUrlUtils() : nullptr;
+}
 
 namespace KstHost {
 
-void SetUrlUtilsPresent(bool present) { TheUrlUtils().present.store(present); }
+void SetUrlUtilsPresent(bool present) {
+  TheUrlUtils().present.store(present);
+}
 
 void SetDevelopmentUrlPredicate(std::function<bool(const Kst::CStringT<wchar_t>&)> predicate) {
   std::lock_guard<std::mutex> lock(TheUrlUtils().mutex);

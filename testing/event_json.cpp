@@ -62,7 +62,9 @@ Json EntityRef(int number) {
   return number;
 }
 
-bool IsCall(const Json& value) { return value.is_object() && value.contains("fn"); }
+bool IsCall(const Json& value) {
+  return value.is_object() && value.contains("fn");
+}
 
 void Pretty(const Json& value, int indent, std::string& out) {
   const std::string pad(static_cast<size_t>(indent) * 2, ' ');
@@ -113,7 +115,8 @@ Json ToJson(const Call& call) {
     case Call::Fn::kAttachEntityList: {
       out["id"] = call.attachment_id;
       Json entities = Json::array();
-      for (const int number : call.entities) entities.push_back(EntityRef(number));
+      for (const int number : call.entities)
+        entities.push_back(EntityRef(number));
       out["entities"] = entities;
       break;
     }
@@ -135,7 +138,8 @@ Json ToJson(const Call& call) {
 
 Json ToJson(const RecordedEvent& event) {
   Json calls = Json::array();
-  for (const auto& call : event.calls) calls.push_back(ToJson(call));
+  for (const auto& call : event.calls)
+    calls.push_back(ToJson(call));
   Json out = Json::object();
   out["event"] = event.number;
   out["outcome"] = OutcomeName(event.outcome);
@@ -145,7 +149,8 @@ Json ToJson(const RecordedEvent& event) {
 
 Json ToJson(const std::vector<RecordedEvent>& events) {
   Json out = Json::array();
-  for (const auto& event : events) out.push_back(ToJson(event));
+  for (const auto& event : events)
+    out.push_back(ToJson(event));
   return out;
 }
 

@@ -31,24 +31,30 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 
 // A field interface becomes a mixin that records its operations; an entity class becomes a final
 // class that records its own operations and, where it has one, inherits its field interface's mixin.
-#define KST_FIELDS(Name) \
+#define KST_FIELDS(Name)                                                      \
   class Recorded##Name : public virtual Name, public virtual RecordedEntity { \
    public:
-#define KST_ENTITY_COMMON(Name)                                                                  \
-  Recorded##Name(RecordingHost* host, int event, int number)                                    \
-      : RecordedEntity(host, event, number, Name::kTypeId) {}                                    \
-  EntityBase* base() override { return static_cast<Name*>(this); }                              \
-  void* own_interface() override { return static_cast<Name*>(this); }
-#define KST_ENTITY(Name, TypeId)                                                 \
-  class Recorded##Name final : public Name, public virtual RecordedEntity {      \
-   public:                                                                       \
+#define KST_ENTITY_COMMON(Name)                               \
+  Recorded##Name(RecordingHost* host, int event, int number)  \
+      : RecordedEntity(host, event, number, Name::kTypeId) {} \
+  EntityBase* base() override {                               \
+    return static_cast<Name*>(this);                          \
+  }                                                           \
+  void* own_interface() override {                            \
+    return static_cast<Name*>(this);                          \
+  }
+#define KST_ENTITY(Name, TypeId)                                            \
+  class Recorded##Name final : public Name, public virtual RecordedEntity { \
+   public:                                                                  \
     KST_ENTITY_COMMON(Name)
-#define KST_ENTITY_VIA(Name, TypeId, Fields)                                     \
-  class Recorded##Name final : public Name, public Recorded##Fields {            \
-   public:                                                                       \
+#define KST_ENTITY_VIA(Name, TypeId, Fields)                          \
+  class Recorded##Name final : public Name, public Recorded##Fields { \
+   public:                                                            \
     KST_ENTITY_COMMON(Name)
-#define KST_OP(Name, N, Kind, OpName) \
-  void OpName KST_PARAMS_##Kind override { Record(#Name, N, #OpName, KST_KIND_##Kind, KST_VALUE_##Kind); }
+#define KST_OP(Name, N, Kind, OpName)                             \
+  void OpName KST_PARAMS_##Kind override {                        \
+    Record(#Name, N, #OpName, KST_KIND_##Kind, KST_VALUE_##Kind); \
+  }
 #define KST_RESERVED(Name, N)
 #define KST_END(Name) \
   }                   \

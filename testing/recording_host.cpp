@@ -32,7 +32,9 @@ class RecordingHost::Event final : public IOrboEvent {
   void AttachEntityList(int32_t id, std::vector<orbo_entity::EntityBase*> entities) override {
     host_->AttachEntityList(*this, id, entities);
   }
-  void AttachEntity(int32_t id, orbo_entity::EntityBase* entity) override { host_->AttachEntity(*this, id, entity); }
+  void AttachEntity(int32_t id, orbo_entity::EntityBase* entity) override {
+    host_->AttachEntity(*this, id, entity);
+  }
   int number() const { return number_; }
 
  private:
@@ -43,6 +45,7 @@ class RecordingHost::Event final : public IOrboEvent {
 struct RecordingHost::EventState {
   RecordedEvent record;
   std::unique_ptr<Event> object;  // null once destroyed
+  std::vector<std::unique_ptr<RecordedEntity>> entities;
   int entity_count = 0;
   std::thread::id thread;
 };
@@ -68,7 +71,8 @@ void InstallStandardMachine() {
       {SystemFact::kLanguageSetting, "en-US"},
       {SystemFact::kCurrentVersion, "6.2.10.4512"},
   };
-  for (const auto& fact : facts) KstHost::OverrideSystemFact(fact.first, fact.second);
+  for (const auto& fact : facts)
+    KstHost::OverrideSystemFact(fact.first, fact.second);
   KstHost::SetClock(Kst::Time::FromUnixMilliseconds(1772860141042));  // 2026-03-07T05:09:01.042Z
 }
 
@@ -81,7 +85,9 @@ std::string Quoted(const std::string& text) {
   return out + "\"";
 }
 
-std::string EntityRef(int number) { return number == 0 ? "null" : number < 0 ? "unknown" : "#" + std::to_string(number); }
+std::string EntityRef(int number) {
+  return number == 0 ? "null" : number < 0 ? "unknown" : "#" + std::to_string(number);
+}
 
 }  // namespace
 
@@ -101,7 +107,9 @@ RecordingHost::~RecordingHost() {
   KstHost::SetDevelopmentUrlPredicate(nullptr);
 }
 
-void RecordingHost::SetRegistryAvailable(bool available) { KstHost::SetRegistryAvailable(available); }
+void RecordingHost::SetRegistryAvailable(bool available) {
+  KstHost::SetRegistryAvailable(available);
+}
 
 void RecordingHost::SetTelemetryPresent(bool present) {
   if (present) {
@@ -114,7 +122,8 @@ void RecordingHost::SetTelemetryPresent(bool present) {
 
 void RecordingHost::SetWebServicePresent(bool present) {
   if (present) {
-    KstHost::RegisterClassObject(kWebServiceModule, kWebServiceClass, static_cast<ICVWebServiceAPI*>(&web_service_));
+    KstHost::RegisterClassObject(kWebServiceModule, kWebServiceClass,
+                                 static_cast<ICVWebServiceAPI*>(&web_service_));
   } else {
     KstHost::UnregisterModule(kWebServiceModule);
   }
@@ -147,8 +156,19 @@ std::vector<Call> RecordingHost::Log() const {
 std::vector<RecordedEvent> RecordingHost::TakeEvents() {
   std::lock_guard<std::mutex> lock(mutex_);
   std::vector<RecordedEvent> taken;
-  for (size_t i = first_untaken_; i < events_.size(); ++i) taken.push_back(events_[i]->record);
-  first_untaken_ = events_.size();
+  for (auto it = events_.lower_bound(first_untaken_); it != events_.end();) {
+    EventState& state = *it->second;
+    taken.push_back(state.record);
+    if (state.record.outcome == RecordedEvent::Outcome::kOpen) {
+      ++it;  // the library may still use an open event: keep its objects
+      continue;
+    }
+    for (const auto& entity : state.entities)
+      entity_by_base_.erase(entity->base());
+    event_numbers_.erase(state.object.get());
+    it = events_.erase(it);
+  }
+  first_untaken_ = event_count_ + 1;
   log_.clear();
   return taken;
 }
@@ -156,21 +176,25 @@ std::vector<RecordedEvent> RecordingHost::TakeEvents() {
 std::vector<RecordedEvent> RecordingHost::Events() const {
   std::lock_guard<std::mutex> lock(mutex_);
   std::vector<RecordedEvent> all;
-  for (const auto& state : events_) all.push_back(state->record);
+  for (auto it = events_.lower_bound(first_untaken_); it != events_.end(); ++it)
+    all.push_back(it->second->record);
   return all;
 }
 
 void RecordingHost::Record(Call call) {
   const bool throw_now = throw_countdown_ > 0 && --throw_countdown_ == 0;
   call.threw = throw_now;
-  if (call.event > 0) events_[static_cast<size_t>(call.event - 1)]->record.calls.push_back(call);
+  const auto event = events_.find(call.event);
+  if (event != events_.end()) event->second->record.calls.push_back(call);
   log_.push_back(std::move(call));
   if (throw_now) throw std::runtime_error("recording host told to throw");
 }
 
 RecordingHost::EventState* RecordingHost::OpenEventOfThisThread() {
   const auto it = open_event_.find(std::this_thread::get_id());
-  return it == open_event_.end() ? nullptr : events_[static_cast<size_t>(it->second - 1)].get();
+  if (it == open_event_.end()) return nullptr;
+  const auto event = events_.find(it->second);
+  return event == events_.end() ? nullptr : event->second.get();
 }
 
 int RecordingHost::EntityNumber(orbo_entity::EntityBase* base) const {
@@ -188,13 +212,14 @@ IOrboEvent* RecordingHost::CreateEvent() {
     return nullptr;
   }
   auto state = std::make_unique<EventState>();
-  state->record.number = static_cast<int>(events_.size()) + 1;
+  state->record.number = ++event_count_;
   state->object = std::make_unique<Event>(this, state->record.number);
   state->thread = std::this_thread::get_id();
   IOrboEvent* object = state->object.get();
   call.event = state->record.number;
   open_event_[state->thread] = state->record.number;
-  events_.push_back(std::move(state));
+  event_numbers_[object] = state->record.number;
+  events_[state->record.number] = std::move(state);
   Record(call);
   return object;
 }
@@ -216,7 +241,7 @@ void* RecordingHost::CreateEntity(int32_t type) {
     entity_by_base_[entity->base()] = entity.get();
   }
   void* own = entity == nullptr ? nullptr : entity->own_interface();
-  if (entity != nullptr) entities_.push_back(std::move(entity));
+  if (entity != nullptr) (state == nullptr ? stray_entities_ : state->entities).push_back(std::move(entity));
   Record(call);
   return own;
 }
@@ -245,8 +270,10 @@ int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t sec
   call.second_code = second;
   call.params = params == nullptr ? -1 : static_cast<long long>(params->size());
   EventState* state = nullptr;
-  for (auto& candidate : events_) {
-    if (candidate->object.get() == event && event != nullptr) state = candidate.get();
+  const auto number = event_numbers_.find(event);
+  if (number != event_numbers_.end()) {
+    const auto found = events_.find(number->second);
+    if (found != events_.end()) state = found->second.get();
   }
   call.event = state == nullptr ? 0 : state->record.number;
   const bool will_throw = throw_countdown_ == 1;
@@ -260,7 +287,7 @@ int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t sec
 
 void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
   std::lock_guard<std::mutex> lock(mutex_);
-  EventState& state = *events_[static_cast<size_t>(event.number() - 1)];
+  EventState& state = *events_.at(event.number());
   Call call;
   call.fn = Call::Fn::kDestroyEvent;
   call.event = state.record.number;
@@ -268,16 +295,19 @@ void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
   Record(call);
   state.record.outcome = RecordedEvent::Outcome::kDestroyed;
   open_event_.erase(state.thread);
+  event_numbers_.erase(state.object.get());
   state.object.reset();  // the library must not touch the event again
 }
 
-void RecordingHost::AttachEntityList(Event& event, int32_t id, const std::vector<orbo_entity::EntityBase*>& entities) {
+void RecordingHost::AttachEntityList(Event& event, int32_t id,
+                                     const std::vector<orbo_entity::EntityBase*>& entities) {
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kAttachEntityList;
   call.event = event.number();
   call.attachment_id = id;
-  for (auto* entity : entities) call.entities.push_back(EntityNumber(entity));
+  for (auto* entity : entities)
+    call.entities.push_back(EntityNumber(entity));
   Record(call);
 }
 
@@ -310,7 +340,8 @@ std::string Describe(const Call& call) {
       break;
     case Call::Fn::kAttachEntityList: {
       out << "AttachEntityList " << call.attachment_id << " [";
-      for (size_t i = 0; i < call.entities.size(); ++i) out << (i == 0 ? "" : ", ") << EntityRef(call.entities[i]);
+      for (size_t i = 0; i < call.entities.size(); ++i)
+        out << (i == 0 ? "" : ", ") << EntityRef(call.entities[i]);
       out << "]";
       break;
     }
@@ -330,7 +361,8 @@ std::string Describe(const Call& call) {
 
 std::vector<std::string> Describe(const std::vector<Call>& calls) {
   std::vector<std::string> lines;
-  for (const auto& call : calls) lines.push_back(Describe(call));
+  for (const auto& call : calls)
+    lines.push_back(Describe(call));
   return lines;
 }
 

@@ -34,23 +34,31 @@ using OpValue = std::variant<std::monostate, std::string, int32_t, int64_t, bool
 
 // One host-visible call.
 struct Call {
-  enum class Fn { kCreateEvent, kCreateEntity, kEntityOp, kAttachEntityList, kAttachEntity, kSubmitEvent, kDestroyEvent };
+  enum class Fn {
+    kCreateEvent,
+    kCreateEntity,
+    kEntityOp,
+    kAttachEntityList,
+    kAttachEntity,
+    kSubmitEvent,
+    kDestroyEvent
+  };
   Fn fn = Fn::kCreateEvent;
-  int event = 0;     // the event the call belongs to (1-based); 0 for none
-  int32_t type = 0;  // CreateEntity: the requested type; entity operation: the entity's type
-  int entity = 0;    // CreateEntity, entity operation, AttachEntity: entity number within its event,
-                     // 0 for a null entity, -1 for a pointer this host never handed out
+  int event = 0;      // the event the call belongs to (1-based); 0 for none
+  int32_t type = 0;   // CreateEntity: the requested type; entity operation: the entity's type
+  int entity = 0;     // CreateEntity, entity operation, AttachEntity: entity number within its event,
+                      // 0 for a null entity, -1 for a pointer this host never handed out
   std::string iface;  // entity operation: the interface that declares it
   int op = 0;         // entity operation: its 1-based number in that interface
   std::string name;   // entity operation: its name in the schema
   OpKind kind = OpKind::kClear;
-  OpValue value;                // entity operation: its argument
-  int32_t attachment_id = 0;    // AttachEntityList, AttachEntity
-  std::vector<int> entities;    // AttachEntityList: entity numbers (0 null, -1 unknown)
-  int32_t first_code = 0;       // SubmitEvent; DestroyEvent: its argument
-  int32_t second_code = 0;      // SubmitEvent
-  long long params = -1;        // SubmitEvent: size of the parameter map, -1 for a null map
-  bool threw = false;           // the host was told to throw at this call
+  OpValue value;              // entity operation: its argument
+  int32_t attachment_id = 0;  // AttachEntityList, AttachEntity
+  std::vector<int> entities;  // AttachEntityList: entity numbers (0 null, -1 unknown)
+  int32_t first_code = 0;     // SubmitEvent; DestroyEvent: its argument
+  int32_t second_code = 0;    // SubmitEvent
+  long long params = -1;      // SubmitEvent: size of the parameter map, -1 for a null map
+  bool threw = false;         // the host was told to throw at this call
 };
 
 struct RecordedEvent {
@@ -93,13 +101,15 @@ class RecordingHost {
   // Every call so far, in order, across events.
   std::vector<Call> Log() const;
   // The events created since the last call of TakeEvents, in order; events still open are included
-  // (as kOpen) and not returned again. Takes the calls out of the log too.
+  // (as kOpen) and not returned again. Takes the calls out of the log too, and frees what the host
+  // kept for the finished events (their entities included), so that a long session stays small.
   std::vector<RecordedEvent> TakeEvents();
-  // All events so far without taking them.
+  // The events not yet taken, without taking them.
   std::vector<RecordedEvent> Events() const;
 
   // Called by the recording entities.
-  void RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind, OpValue value);
+  void RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
+                OpValue value);
 
  private:
   class Telemetry;
@@ -121,10 +131,12 @@ class RecordingHost {
   mutable std::mutex mutex_;
   WebServiceFake web_service_;
   std::unique_ptr<Telemetry> telemetry_;
-  std::vector<std::unique_ptr<EventState>> events_;
-  size_t first_untaken_ = 0;
+  std::map<int, std::unique_ptr<EventState>> events_;  // by number
+  std::unordered_map<IOrboEvent*, int> event_numbers_;
+  int event_count_ = 0;
+  int first_untaken_ = 1;
   std::vector<Call> log_;
-  std::vector<std::unique_ptr<RecordedEntity>> entities_;
+  std::vector<std::unique_ptr<RecordedEntity>> stray_entities_;  // requested while no event was open
   std::unordered_map<orbo_entity::EntityBase*, RecordedEntity*> entity_by_base_;
   std::map<std::thread::id, int> open_event_;
   bool create_event_fails_ = false;

@@ -36,7 +36,9 @@ void WebServiceFake::SetLookupPresent(bool present) {
   lookup_present_ = present;
 }
 
-void WebServiceFake::SetThrowing(bool throwing) { throwing_.store(throwing); }
+void WebServiceFake::SetThrowing(bool throwing) {
+  throwing_.store(throwing);
+}
 
 int WebServiceFake::CallCount(int op) const {
   std::lock_guard<std::mutex> lock(mutex_);

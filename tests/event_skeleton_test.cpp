@@ -64,17 +64,18 @@ std::vector<std::string> Concat(std::vector<std::string> head, const std::vector
 }
 
 // A switch from the chat tab to the phone tab, call by call.
-const std::vector<std::string> kChatToPhone = Concat(Concat({"CreateEvent -> event 1"}, kCommonContext),
-                                                     {
-                                                         "CreateEntity 282 -> #3",
-                                                         "#3 TabSwitchEntity.2 Prepare",
-                                                         "#3 TabSwitchEntity.1 SetAction \"switch_tab\"",
-                                                         "#3 TabSwitchEntity.6 SetWebServiceValue \"ws-value\"",
-                                                         "#3 TabSwitchEntity.7 SetFirstTab \"chat\"",
-                                                         "#3 TabSwitchEntity.4 SetSecondTab \"phone\"",
-                                                         "AttachEntity 201 #3",
-                                                         "SubmitEvent 3 1 params=0",
-                                                     });
+const std::vector<std::string> kChatToPhone =
+    Concat(Concat({"CreateEvent -> event 1"}, kCommonContext),
+           {
+               "CreateEntity 282 -> #3",
+               "#3 TabSwitchEntity.2 Prepare",
+               "#3 TabSwitchEntity.1 SetAction \"switch_tab\"",
+               "#3 TabSwitchEntity.6 SetWebServiceValue \"ws-value\"",
+               "#3 TabSwitchEntity.7 SetFirstTab \"chat\"",
+               "#3 TabSwitchEntity.4 SetSecondTab \"phone\"",
+               "AttachEntity 201 #3",
+               "SubmitEvent 3 1 params=0",
+           });
 
 using TabEventTest = HostTest;
 
@@ -98,13 +99,14 @@ TEST_F(TabEventTest, HomeTabSetsWordsThenFlagsInItsOrder) {
   info.third_flag = -1;
   EXPECT_EQ(HomeTab(info), 1);
   const auto calls = Calls();
-  EXPECT_THAT(std::vector<std::string>(calls.begin() + 19, calls.end()),
-              ElementsAre("CreateEntity 285 -> #3", "#3 HomeTabEntity.8 SetElement \"\"",
-                          "#3 HomeTabEntity.5 SetInteractionType \"\"", "#3 HomeTabEntity.15 SetFeature \"Unknown\"",
-                          "#3 HomeTabEntity.4 SetFifthFlag false", "#3 HomeTabEntity.2 SetThirdFlag true",
-                          "#3 HomeTabEntity.10 SetFirstFlag true", "#3 HomeTabEntity.12 SetFourthFlag false",
-                          "#3 HomeTabEntity.14 SetSecondFlag false", "AttachEntity 201 #3",
-                          "SubmitEvent 3 1 params=0"));
+  EXPECT_THAT(
+      std::vector<std::string>(calls.begin() + 19, calls.end()),
+      ElementsAre("CreateEntity 285 -> #3", "#3 HomeTabEntity.8 SetElement \"\"",
+                  "#3 HomeTabEntity.5 SetInteractionType \"\"", "#3 HomeTabEntity.15 SetFeature \"Unknown\"",
+                  "#3 HomeTabEntity.4 SetFifthFlag false", "#3 HomeTabEntity.2 SetThirdFlag true",
+                  "#3 HomeTabEntity.10 SetFirstFlag true", "#3 HomeTabEntity.12 SetFourthFlag false",
+                  "#3 HomeTabEntity.14 SetSecondFlag false", "AttachEntity 201 #3",
+                  "SubmitEvent 3 1 params=0"));
 }
 
 // Every way the skeleton can fail, for both tab events: what the export returns and which calls the
@@ -127,7 +129,8 @@ TEST_P(SkeletonFailureTest, ReturnsItsResultAndCallsOnlyWhatItMay) {
   if (failure.calls.empty()) {
     EXPECT_THAT(calls, ElementsAre());
   }
-  for (const auto& call : failure.calls) EXPECT_THAT(calls, ::testing::Contains(call)) << failure.name;
+  for (const auto& call : failure.calls)
+    EXPECT_THAT(calls, ::testing::Contains(call)) << failure.name;
 }
 
 const FailureCase kFailures[] = {
@@ -162,7 +165,8 @@ INSTANTIATE_TEST_SUITE_P(BothTabEvents, SkeletonFailureTest,
 TEST_F(TabEventTest, BodyLeftOutWhenTheHostGivesNone) {
   host.SetCreateEntityFails(282, true);
   EXPECT_EQ(SwitchTabs(1, 3), 1);
-  for (const auto& call : Calls()) EXPECT_EQ(call.find("AttachEntity 201"), std::string::npos);
+  for (const auto& call : Calls())
+    EXPECT_EQ(call.find("AttachEntity 201"), std::string::npos);
 }
 
 // A host operation that throws, at every position of a tab switch: the export returns 0 and the call
@@ -257,11 +261,13 @@ TEST_F(ClientContextTest, ExportsFromSeveralThreadsAtOnce) {
       }
     });
   }
-  for (auto& thread : threads) thread.join();
+  for (auto& thread : threads)
+    thread.join();
   EXPECT_EQ(submitted.load(), kThreads * kCalls);
   EXPECT_EQ(host.Events().size(), static_cast<size_t>(kThreads * kCalls + 1));
   EXPECT_EQ(host.web_service().CallCount(97), fills);
-  for (const auto& event : host.Events()) EXPECT_EQ(event.calls.size(), kChatToPhone.size());
+  for (const auto& event : host.Events())
+    EXPECT_EQ(event.calls.size(), kChatToPhone.size());
   EXPECT_EQ(oet::CopyPostMeetingStrings().text3, L"meeting");
 }
 
