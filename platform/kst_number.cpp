@@ -14,7 +14,7 @@ unsigned DigitValue(T c) {
 
 template <class T>
 bool ParseUInt(const Kst::CStringT<T>& text, uint32_t* value, int base) {
-  if (value == nullptr || base < 2 || base > 36) return false;
+  if (value == nullptr || base < 2 || base > 36 || text.IsEmpty()) return false;
   const unsigned radix = static_cast<unsigned>(base);
   uint64_t result = 0;
   for (T c : text.str()) {
