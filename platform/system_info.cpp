@@ -1,19 +1,13 @@
 #include "platform/system_info.h"
 
 #include <atomic>
-#include <cstdlib>
-#include <fstream>
 #include <map>
 #include <mutex>
 #include <optional>
 
 #include "platform/kst_convert.h"
 #include "platform/kst_number.h"
-
-#if defined(__linux__)
-#include <sys/sysinfo.h>
-#include <sys/utsname.h>
-#endif
+#include "platform/system_info_machine.h"
 
 namespace {
 
@@ -34,84 +28,17 @@ std::optional<std::string> Override(SystemFact fact) {
   return it->second;
 }
 
-std::string Trimmed(std::string text) {
-  const auto first = text.find_first_not_of(" \t\r\n");
-  if (first == std::string::npos) return {};
-  const auto last = text.find_last_not_of(" \t\r\n");
-  return text.substr(first, last - first + 1);
-}
-
-std::string FirstLineOf(const char* path) {
-  std::ifstream in(path);
-  std::string line;
-  std::getline(in, line);
-  return Trimmed(line);
-}
-
-// The locale name the process runs under, as "ll_CC" (empty when none is set).
-std::string LocaleName() {
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value != nullptr && *value != '\0') {
-      std::string locale(value);
-      locale = locale.substr(0, locale.find_first_of(".@"));
-      return locale == "C" || locale == "POSIX" ? std::string() : locale;
-    }
-  }
-  return {};
-}
-
-std::string MachineFact(SystemFact fact) {
-#if defined(__linux__)
-  struct utsname uts {};
-  const bool have_uts = uname(&uts) == 0;
-  switch (fact) {
-    case SystemFact::kOSVersion:
-      return have_uts ? std::string(uts.sysname) + " " + uts.release : std::string();
-    case SystemFact::kSystemProductName:
-      return FirstLineOf("/sys/class/dmi/id/product_name");
-    case SystemFact::kSystemManufacturer:
-      return FirstLineOf("/sys/class/dmi/id/sys_vendor");
-    case SystemFact::kCPUType:
-      return have_uts ? std::string(uts.machine) : std::string();
-    case SystemFact::kCPUName: {
-      std::ifstream in("/proc/cpuinfo");
-      for (std::string line; std::getline(in, line);) {
-        if (line.rfind("model name", 0) == 0) return Trimmed(line.substr(line.find(':') + 1));
-      }
-      return {};
-    }
-    case SystemFact::kTotalRAMGB: {
-      struct sysinfo info {};
-      if (sysinfo(&info) != 0) return "0";
-      const double bytes = static_cast<double>(info.totalram) * info.mem_unit;
-      return std::to_string(static_cast<long long>(bytes / (1024.0 * 1024.0 * 1024.0) + 0.5));
-    }
-    case SystemFact::kRegionName: {
-      const std::string locale = LocaleName();
-      const auto underscore = locale.find('_');
-      return underscore == std::string::npos ? std::string() : locale.substr(underscore + 1);
-    }
-    case SystemFact::kLanguageSetting: {
-      std::string locale = LocaleName();
-      for (char& c : locale) {
-        if (c == '_') c = '-';
-      }
-      return locale;
-    }
-    default:
-      break;
-  }
-#else
-  (void)fact;
-#endif
-  return {};
+// Whole gigabytes, rounded to the nearest.
+std::string TotalRamGigabytes() {
+  const double bytes = static_cast<double>(kst_machine::TotalPhysicalBytes());
+  return std::to_string(static_cast<long long>(bytes / (1024.0 * 1024.0 * 1024.0) + 0.5));
 }
 
 std::string Fact(SystemFact fact) {
   if (auto value = Override(fact)) return *value;
   if (fact == SystemFact::kCurrentVersion) return kDefaultClientVersion;
-  return MachineFact(fact);
+  if (fact == SystemFact::kTotalRAMGB) return TotalRamGigabytes();
+  return kst_machine::Fact(fact);
 }
 
 Kst::CStringT<wchar_t> WideFact(SystemFact fact) {
@@ -120,11 +47,29 @@ Kst::CStringT<wchar_t> WideFact(SystemFact fact) {
 
 }  // namespace
 
+namespace kst_machine {
+
+std::string Trimmed(std::string text) {
+  const auto first = text.find_first_not_of(" \t\r\n");
+  if (first == std::string::npos) return {};
+  const auto last = text.find_last_not_of(" \t\r\n");
+  return text.substr(first, last - first + 1);
+}
+
+}  // namespace kst_machine
+
 namespace Kst {
 
+// The build number is the machine's (0 on systems without one) unless the host program overrides
+// the OS version, whose text then stands alone with build 0.
 void GetOSVersion(CStringT<wchar_t>& version, int32_t& build, int32_t /*flags*/) {
-  version = WideFact(SystemFact::kOSVersion);
-  build = 0;
+  if (auto value = Override(SystemFact::kOSVersion)) {
+    version = Utf8ToWide(*value);
+    build = 0;
+  } else {
+    version = Utf8ToWide(kst_machine::Fact(SystemFact::kOSVersion));
+    build = kst_machine::OsBuildNumber();
+  }
 }
 CStringT<wchar_t> GetSystemProductName() {
   return WideFact(SystemFact::kSystemProductName);
