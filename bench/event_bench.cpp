@@ -37,7 +37,8 @@ BENCHMARK(BM_HomeTabElementWord);
 
 void BM_WideToUtf8(benchmark::State& state) {
   const Kst::CStringT<wchar_t> text(L"Example CPU 8 cores @ 2.40GHz \u00e9\u4e2d");
-  for (auto _ : state) benchmark::DoNotOptimize(oet::ToUtf8(text));
+  for (auto _ : state)
+    benchmark::DoNotOptimize(oet::ToUtf8(text));
 }
 BENCHMARK(BM_WideToUtf8);
 

@@ -74,11 +74,12 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
 #define KST_ENTITY_VIA(Name, TypeId, Fields) KST_FIELDS(Name)
 #define KST_OP(Name, N, Kind, OpName) , N
 #define KST_RESERVED(Name, N) , N
-#define KST_END(Name)                                                                                     \
-  }                                                                                                       \
-  ;                                                                                                       \
-  static_assert(schema_check::Consecutive(Name##_numbers), #Name ": operation numbers must run 1, 2, 3, " \
-                                                                 "...");
+#define KST_END(Name)                                            \
+  }                                                              \
+  ;                                                              \
+  static_assert(schema_check::Consecutive(Name##_numbers), #Name \
+                ": operation numbers must run 1, 2, 3, "         \
+                "...");
 namespace schema_check {
 #include "platform/entity_schema.def"
 }  // namespace schema_check

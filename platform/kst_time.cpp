@@ -8,7 +8,9 @@ namespace {
 std::atomic<bool> g_fixed{false};
 std::atomic<int64_t> g_fixed_us{0};
 
-int64_t FloorDiv(int64_t a, int64_t b) { return a / b - ((a % b != 0) && ((a < 0) != (b < 0))); }
+int64_t FloorDiv(int64_t a, int64_t b) {
+  return a / b - ((a % b != 0) && ((a < 0) != (b < 0)));
+}
 
 }  // namespace
 
@@ -40,7 +42,8 @@ void Time::UTCExplode(Exploded* exploded) const {
   exploded->year = static_cast<int>(year);
   exploded->month = static_cast<int>(month);
   exploded->day_of_month = static_cast<int>(day);
-  exploded->day_of_week = static_cast<int>(FloorDiv(days + 4, 7) * -7 + days + 4);  // 1970-01-01 was a Thursday
+  exploded->day_of_week =
+      static_cast<int>(FloorDiv(days + 4, 7) * -7 + days + 4);  // 1970-01-01 was a Thursday
   exploded->hour = static_cast<int>(ms_of_day / 3600000);
   exploded->minute = static_cast<int>(ms_of_day / 60000 % 60);
   exploded->second = static_cast<int>(ms_of_day / 1000 % 60);
@@ -61,6 +64,8 @@ void AdvanceClock(Kst::TimeDelta delta) {
   g_fixed_us.fetch_add(delta.InMicroseconds());
 }
 
-void UseSystemClock() { g_fixed.store(false); }
+void UseSystemClock() {
+  g_fixed.store(false);
+}
 
 }  // namespace KstHost

@@ -49,7 +49,9 @@ class Time {
   // Breaks the time down in UTC (proleptic Gregorian calendar; times before 1970 work too).
   KST_API void UTCExplode(Exploded* exploded) const;
 
-  constexpr TimeDelta operator-(const Time& other) const { return TimeDelta::FromMicroseconds(us_ - other.us_); }
+  constexpr TimeDelta operator-(const Time& other) const {
+    return TimeDelta::FromMicroseconds(us_ - other.us_);
+  }
   constexpr Time operator+(const TimeDelta& delta) const { return Time(us_ + delta.InMicroseconds()); }
   constexpr bool operator==(const Time& other) const { return us_ == other.us_; }
   constexpr bool operator!=(const Time& other) const { return us_ != other.us_; }
