@@ -50,10 +50,13 @@ orbo_entity::ChatTrackingInfoEntity* BuildChatTrackingInfoEntity(
     iOrbotelemetryAPI* telemetry, const OrboPTPAAP::PTTrackingInfo_s& tracking) {
   auto* entity = CreateEntity<orbo_entity::ChatTrackingInfoEntity>(telemetry);
   if (entity == nullptr) return nullptr;
-  orbo_entity::TrackingValues& values = *entity;
+  FillTrackingValues(*entity, tracking);
+  return entity;
+}
+
+void FillTrackingValues(orbo_entity::TrackingValues& values, const OrboPTPAAP::PTTrackingInfo_s& tracking) {
   values.SetPrimaryValue(TextOf(tracking.primary_value));
   values.SetSecondaryValue(TextOf(tracking.secondary_value));
-  return entity;
 }
 
 void FillDeviceContext(orbo_entity::DeviceInfo& device) {

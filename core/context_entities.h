@@ -24,6 +24,9 @@ orbo_entity::TrackingInfoEntity* BuildTrackingInfoEntity(iOrbotelemetryAPI* tele
 orbo_entity::ChatTrackingInfoEntity* BuildChatTrackingInfoEntity(
     iOrbotelemetryAPI* telemetry, const OrboPTPAAP::PTTrackingInfo_s& tracking);
 
+// Sets both tracking values on a TrackingValues interface, primary first, empty ones included.
+void FillTrackingValues(orbo_entity::TrackingValues& values, const OrboPTPAAP::PTTrackingInfo_s& tracking);
+
 // Fills a DeviceInfo interface from a refreshed copy of the client-context cache, in the order web-service
 // value, device product, os name, os version; every field is set, empty or not.
 void FillDeviceContext(orbo_entity::DeviceInfo& device);

@@ -19,11 +19,15 @@ std::optional<EventDraft> EventDraft::Open(Lookup lookup) {
   return EventDraft(telemetry, web_service, event);
 }
 
-void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
+ContextList EventDraft::CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) const {
   ContextList list;
   list.AddSlot(BuildClientEntity(telemetry_, web_service_));
   list.AddSlot(BuildTrackingInfoEntity(telemetry_, tracking));
-  AttachContext(list);
+  return list;
+}
+
+void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
+  AttachContext(CommonContext(tracking));
 }
 
 void EventDraft::AttachBasicContext(bool device_facts) {

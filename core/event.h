@@ -79,7 +79,8 @@ class EventDraft {
   }
 
   // The common context list: the client entity (283) and the tracking-info entity (304), in that
-  // order, null slots kept.
+  // order, null slots kept. CommonContext builds it for events that append entities of their own.
+  ContextList CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) const;
   void AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking);
   // The basic context list: entities 170, 159 and 169, each only when the host gives it. With
   // `device_facts`, entity 159 is filled from the client-context cache through its DeviceInfo.
@@ -107,14 +108,15 @@ class EventDraft {
 };
 
 // Runs an export's body so that nothing is thrown across the library boundary: any exception
-// (a throwing host operation, a failed allocation) gives the export's documented 0. Everything the
-// library allocates is owned by local objects and released on the way out.
+// (a throwing host operation, a failed allocation) gives `on_failure`, the export's documented result
+// for that case (0 for tracking exports). Everything the library allocates is owned by local objects
+// and released on the way out.
 template <class Body>
-int Guarded(Body&& body) noexcept {
+int Guarded(Body&& body, int on_failure = 0) noexcept {
   try {
     return body();
   } catch (...) {
-    return 0;
+    return on_failure;
   }
 }
 

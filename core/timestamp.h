@@ -1,0 +1,16 @@
+// Host times as the text that events carry.
+#pragma once
+
+#include <string>
+
+#include "platform/kst_time.h"
+
+namespace oet {
+
+// The time in UTC as "YYYY-MM-DDThh:mm:ss.mmmZ", every number zero-filled to its width (for example
+// "2024-03-07T05:09:01.042Z"); the empty string for the zero ("not given") time. Sub-millisecond
+// parts are dropped, not rounded. Years past 9999 are written with all their digits; years before 1
+// (times far before the epoch) with a leading minus sign.
+std::string FormatUtcTimestamp(const Kst::Time& time);
+
+}  // namespace oet

@@ -1,0 +1,25 @@
+// The account's domain label: the part of the account's web URL that names the account, as events
+// and the product facts carry it.
+#pragma once
+
+#include "platform/kst_string.h"
+#include "platform/web_service.h"
+
+namespace oet {
+
+// Writes the account's domain label found in `url` into `result`:
+//  - "dev" when the host's URL utilities say the URL belongs to a development environment;
+//  - otherwise the text between "https://" and the product's web domain suffix (for example "acme"
+//    for "https://acme.orbo.example.com" with the default suffixes), when the URL has "https://" and
+//    ends exactly with one of the suffixes (no path, port, query or trailing slash) and something
+//    lies between the two;
+//  - otherwise "aw1".
+// "dev" and "aw1" are markers the back end expects; they are never replaced by an empty label. Both
+// searches are case-sensitive. The suffixes are the build setting OET_WEB_DOMAIN_SUFFIXES.
+void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_t>& result);
+
+// The account's domain label as the web service knows it: its stored label (operation 35), or, when
+// that is empty, ExtractVanityDomain of its web URL (operation 37).
+Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service);
+
+}  // namespace oet

@@ -1,0 +1,42 @@
+// The client's own view of the facts that events carry: product facts and device facts.
+#include "core/client_context.h"
+#include "core/event.h"
+#include "core/host.h"
+#include "core/vanity_domain.h"
+#include "oEventTracker/OrboPTPAAP.h"
+#include "platform/system_info.h"
+
+namespace OrboPTPAAP {
+
+// Both exports answer 1 whatever happens, as documented; a failure inside the host leaves the fields
+// filled so far.
+int RetrieveClientProductInfo(PTClientProductEntityStruct& info) {
+  return oet::Guarded(
+      [&] {
+        Kst::CStringT<char> version;
+        Kst::GetCurrentVersion(version);
+        info.client_version = oet::TextOf(version);
+        info.client_label = "client";
+        oet::EnsureClientContext();
+        ICVWebServiceAPI* web_service = oet::GetWebServiceApi();
+        if (web_service == nullptr) return 1;  // the domain stays as the caller passed it
+        info.domain = oet::ToUtf8(oet::AccountDomainLabel(*web_service));
+        return 1;
+      },
+      1);
+}
+
+int RetrieveClientDeviceInfo(PTClientDeviceEntityStruct& info) {
+  return oet::Guarded(
+      [&] {
+        const ClientContext context = oet::RefreshedClientContext();
+        info.web_service_value = oet::ToUtf8(context.web_service_value);
+        info.device_product = oet::ToUtf8(context.system_product_name);
+        info.os_name = oet::ToUtf8(context.os_name);
+        info.os_version = oet::ToUtf8(context.os_version);
+        return 1;
+      },
+      1);
+}
+
+}  // namespace OrboPTPAAP

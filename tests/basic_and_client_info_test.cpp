@@ -1,0 +1,143 @@
+// Sign-in and basic interactions (body 157 with the basic context), the product and device facts,
+// and the service gates of every export of this family.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "core/web_domains.h"
+#include "oEventTracker/OrboPTPAAP.h"
+#include "platform/kst_convert.h"
+#include "tests/recorded_event_view.h"
+
+namespace {
+
+int SignIn() {
+  return OrboPTPAAP::TrackingSigninInteractEvent({}, {1, 2, 3, 4, 5, "first", ""});
+}
+int Basic() {
+  return OrboPTPAAP::TrackingBasicInteractEvent({}, {1, 2, 3, 4, 5, 6, "", "second"});
+}
+
+struct BasicCase {
+  const char* name;
+  int (*track)();
+  bool web_service;
+  const char* device_ops;  // entity 159
+  const char* body_ops;    // entity 157
+};
+
+class BasicInteraction : public oet_test::RecordedEventTest,
+                         public ::testing::WithParamInterface<BasicCase> {};
+
+TEST_P(BasicInteraction, FillsTheBasicBody) {
+  host_.SetWebServicePresent(GetParam().web_service);
+  EXPECT_EQ(GetParam().track(), 1);
+  const oet_test::EventView event = OnlyEvent();
+  EXPECT_EQ(event.ContextTypes(), (std::vector<int32_t>{170, 159, 169}));
+  EXPECT_EQ(event.Ops(159), GetParam().device_ops);
+  EXPECT_EQ(event.BodyType(), 157);
+  EXPECT_EQ(event.Ops(157), GetParam().body_ops);
+}
+
+constexpr char kSignInBody[] = "12=client|7=1|2=5|5=2|15=3|17=4|9=first|10~";
+
+INSTANTIATE_TEST_SUITE_P(
+    Events, BasicInteraction,
+    ::testing::Values(BasicCase{"SignInWithoutWebService", SignIn, false,
+                                "DeviceInfo.2=|DeviceInfo.1=|DeviceInfo.4=|DeviceInfo.3=", kSignInBody},
+                      BasicCase{"SignIn", SignIn, true,
+                                "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows"
+                                "|DeviceInfo.3=10.0.22631",
+                                kSignInBody},
+                      BasicCase{"Basic", Basic, true, "", "13=1|7=2|2=6|5=3|15=4|17=5|8~|11=second"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(BasicInteraction, WithoutContextEntitiesAttachesNoList) {
+  for (const int32_t type : {170, 159, 169})
+    host_.SetCreateEntityFails(type, true);
+  EXPECT_EQ(Basic(), 1);
+  const oet_test::EventView event = OnlyEvent();
+  EXPECT_TRUE(event.submitted());
+  EXPECT_TRUE(event.ContextTypes().empty());
+}
+
+struct ProductCase {
+  bool web_service;
+  const char* stored_domain;
+  std::string web_url;
+  const char* expected_domain;
+};
+
+class ProductInfo : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ProductCase> {};
+
+TEST_P(ProductInfo, TellsVersionLabelAndDomain) {
+  host_.SetWebServicePresent(GetParam().web_service);
+  host_.web_service().SetAccountDomain(GetParam().stored_domain);
+  host_.web_service().SetAccountWebUrl(GetParam().web_url);
+  OrboPTPAAP::PTClientProductEntityStruct info{"from caller", "", ""};
+  EXPECT_EQ(OrboPTPAAP::RetrieveClientProductInfo(info), 1);
+  EXPECT_EQ(info.domain + " " + info.client_label + " " + info.client_version,
+            std::string(GetParam().expected_domain) + " client 6.2.10.4512");
+}
+
+const std::string kTeamUrl = "https://team" + Kst::WideToUtf8(oet::kWebDomainSuffixes[0]);
+
+INSTANTIATE_TEST_SUITE_P(Domains, ProductInfo,
+                         ::testing::Values(ProductCase{false, "stored", kTeamUrl, "from caller"},
+                                           ProductCase{true, "stored", kTeamUrl, "stored"},
+                                           ProductCase{true, "", kTeamUrl, "team"}));
+
+TEST_F(ProductInfo, DeviceFactsWaitForTheWebService) {
+  OrboPTPAAP::PTClientDeviceEntityStruct info;
+  host_.SetWebServicePresent(false);
+  OrboPTPAAP::RetrieveClientDeviceInfo(info);
+  EXPECT_EQ(info.device_product + info.web_service_value + info.os_version + info.os_name, "");
+  host_.SetWebServicePresent(true);
+  EXPECT_EQ(OrboPTPAAP::RetrieveClientDeviceInfo(info), 1);
+  EXPECT_EQ(info.device_product + "|" + info.web_service_value + "|" + info.os_version + "|" + info.os_name,
+            "Example Book 14|ws-value|10.0.22631|windows");
+}
+
+// What each export answers when a service, the event or the host fails: 0 with nothing submitted,
+// except that sign-in and basic interactions need no web service.
+enum Failure { kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows };
+const char* const kFailureNames[] = {"NoRegistry", "NoWebService", "NoTelemetry", "NoEvent", "HostThrows"};
+
+struct GateCase {
+  const char* name;
+  int (*track)();
+  bool needs_web_service;
+};
+
+class ServiceGates : public oet_test::RecordedEventTest,
+                     public ::testing::WithParamInterface<std::tuple<GateCase, Failure>> {};
+
+TEST_P(ServiceGates, ReturnZeroWithoutSubmitting) {
+  const auto& [export_case, failure] = GetParam();
+  if (failure == kNoRegistry) host_.SetRegistryAvailable(false);
+  if (failure == kNoWebService) host_.SetWebServicePresent(false);
+  if (failure == kNoTelemetry) host_.SetTelemetryPresent(false);
+  if (failure == kNoEvent) host_.SetCreateEventFails(true);
+  if (failure == kHostThrows) host_.ThrowAtCall(3);
+  const bool goes_out = failure == kNoWebService && !export_case.needs_web_service;
+  EXPECT_EQ(export_case.track(), goes_out ? 1 : 0);
+  for (const auto& event : host_.TakeEvents())
+    EXPECT_EQ(oet_test::EventView(event).submitted(), goes_out);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Exports, ServiceGates,
+    ::testing::Combine(
+        ::testing::Values(
+            GateCase{"Search", [] { return OrboPTPAAP::TrackingPTSearchEvent({}, {}); }, true},
+            GateCase{"SearchV2", [] { return OrboPTPAAP::TrackingPTSearchEventV2({}, {}); }, true},
+            GateCase{"Phone", [] { return OrboPTPAAP::TrackingPhoneInteractEvent({}, {}); }, true},
+            GateCase{"SignIn", SignIn, false}, GateCase{"Basic", Basic, false}),
+        ::testing::Values(kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows)),
+    [](const auto& info) {
+      return std::string(std::get<0>(info.param).name) + "_" + kFailureNames[std::get<1>(info.param)];
+    });
+
+}  // namespace

@@ -1,0 +1,115 @@
+// The helpers that several events share: the UTC time text, the account's domain label cut out of a
+// web URL, and the short key cut to 16 bytes.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/short_key.h"
+#include "core/timestamp.h"
+#include "core/vanity_domain.h"
+#include "core/web_domains.h"
+#include "platform/kst_convert.h"
+#include "platform/url_utils.h"
+#include "tests/recorded_event_view.h"
+
+namespace {
+
+struct TimeCase {
+  int64_t unix_us;
+  const char* text;
+};
+
+class UtcTimestamp : public ::testing::TestWithParam<TimeCase> {};
+
+TEST_P(UtcTimestamp, WritesIsoUtcWithMilliseconds) {
+  EXPECT_EQ(oet::FormatUtcTimestamp(Kst::Time::FromUnixMicroseconds(GetParam().unix_us)), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Times, UtcTimestamp,
+    ::testing::Values(TimeCase{0, ""},
+                      TimeCase{999999, "1970-01-01T00:00:00.999Z"},  // truncated, not rounded
+                      TimeCase{-1000, "1969-12-31T23:59:59.999Z"},
+                      TimeCase{1709210096007000, "2024-02-29T12:34:56.007Z"},  // leap day
+                      TimeCase{1704067199999000, "2023-12-31T23:59:59.999Z"},
+                      TimeCase{1704067200000000, "2024-01-01T00:00:00.000Z"},
+                      TimeCase{4107542400000000, "2100-03-01T00:00:00.000Z"}));  // 2100 has no leap day
+
+// "$N" in a URL or label stands for the build's N-th web domain suffix.
+struct DomainCase {
+  const char* url;
+  const char* label;
+  bool development = false;
+  bool url_utils_present = true;
+};
+
+std::string Expand(std::string text) {
+  for (size_t at; (at = text.find('$')) != std::string::npos;) {
+    text.replace(at, 2, Kst::WideToUtf8(oet::kWebDomainSuffixes[text[at + 1] - '0']));
+  }
+  return text;
+}
+
+class VanityDomain : public ::testing::TestWithParam<DomainCase> {
+ protected:
+  void TearDown() override {
+    KstHost::SetDevelopmentUrlPredicate(nullptr);
+    KstHost::SetUrlUtilsPresent(true);
+  }
+};
+
+TEST_P(VanityDomain, CutsTheLabelOutOfTheUrl) {
+  const DomainCase& c = GetParam();
+  KstHost::SetDevelopmentUrlPredicate([&c](const Kst::CStringT<wchar_t>&) { return c.development; });
+  KstHost::SetUrlUtilsPresent(c.url_utils_present);
+  Kst::CStringT<wchar_t> label = L"previous";
+  oet::ExtractVanityDomain(Kst::Utf8ToWide(Expand(c.url)), label);
+  EXPECT_EQ(Kst::WideToUtf8(label), Expand(c.label)) << c.url;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Urls, VanityDomain,
+    ::testing::Values(DomainCase{"https://acme$0", "acme"}, DomainCase{"https://eu.acme$2", "eu.acme"},
+                      DomainCase{"https://agency$3", "agency"},
+                      DomainCase{"xhttps://acme$1", "acme"},              // the scheme is found anywhere
+                      DomainCase{"https://acme$1$1", "acme$1"},           // the last occurrence ends the URL
+                      DomainCase{"https://acme$1", "dev", true},          // the predicate decides first
+                      DomainCase{"ftp://x", "dev", true},                 // whatever the URL's form
+                      DomainCase{"https://acme$1", "acme", true, false},  // no URL utilities, no "dev"
+                      DomainCase{"http://acme$1", "aw1"}, DomainCase{"HTTPS://acme$1", "aw1"},
+                      DomainCase{"https://acme$1/", "aw1"},  // the suffix must end the URL
+                      DomainCase{"https://acme$1:443", "aw1"},
+                      DomainCase{"https://$1", "aw1"},  // nothing between
+                      DomainCase{"", "aw1"}, DomainCase{"https://bücher$1", "bücher"},
+                      DomainCase{"https://\xF0\x9F\x98\x80$0",
+                                 "\xF0\x9F\x98\x80"}));  // a surrogate pair on Windows
+
+struct ShortKeyCase {
+  const char* identifier;
+  const char* stored;  // the host's short key for "id"; nullptr: unknown to the lookup
+  bool lookup_present;
+  bool web_service_present;
+  const char* expected;
+};
+
+class ShortKey : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ShortKeyCase> {};
+
+TEST_P(ShortKey, CutsAtSixteenBytes) {
+  const ShortKeyCase& c = GetParam();
+  if (c.stored != nullptr) host_.web_service().SetShortKey("id", c.stored);
+  host_.web_service().SetLookupPresent(c.lookup_present);
+  host_.SetWebServicePresent(c.web_service_present);
+  EXPECT_STREQ(oet::MapIdToShortKey(c.identifier).c_str(), c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ShortKey,
+    ::testing::Values(ShortKeyCase{"id", "0123456789abcdefghij", true, true, "0123456789abcdef"},
+                      ShortKeyCase{"id", "0123456789abcdef", true, true, "0123456789abcdef"},
+                      ShortKeyCase{"id", "0123456789abcde\xE2\x82\xAC", true, true,
+                                   "0123456789abcde\xE2"},  // bytes
+                      ShortKeyCase{"other", "0123", true, true, ""}, ShortKeyCase{"", "0123", true, true, ""},
+                      ShortKeyCase{"id", "0123", false, true, ""},
+                      ShortKeyCase{"id", "0123", true, false, ""}));
+
+}  // namespace
