@@ -121,31 +121,33 @@ struct Clock {
 
 }  // namespace
 
-OET_REPLAY_BIND(ClientContextAnswer, "client_context", OET_REPLAY_FIELD(value), OET_REPLAY_FIELD(second),
-                OET_REPLAY_FIELD(third), OET_REPLAY_FIELD(sixth))
+OET_REPLAY_BIND(ClientContextAnswer, "the client_context directive", OET_REPLAY_FIELD(value),
+                OET_REPLAY_FIELD(second), OET_REPLAY_FIELD(third), OET_REPLAY_FIELD(sixth))
 
-OET_REPLAY_BIND(SystemFacts, "system", OET_REPLAY_FIELD(os_version), OET_REPLAY_FIELD(system_product_name),
-                OET_REPLAY_FIELD(system_manufacturer), OET_REPLAY_FIELD(region_name),
-                OET_REPLAY_FIELD(gpu_model), OET_REPLAY_FIELD(cpu_type), OET_REPLAY_FIELD(cpu_name),
-                OET_REPLAY_FIELD(total_ram_gb), OET_REPLAY_FIELD(screen_size_in),
+OET_REPLAY_BIND(SystemFacts, "the system directive", OET_REPLAY_FIELD(os_version),
+                OET_REPLAY_FIELD(system_product_name), OET_REPLAY_FIELD(system_manufacturer),
+                OET_REPLAY_FIELD(region_name), OET_REPLAY_FIELD(gpu_model), OET_REPLAY_FIELD(cpu_type),
+                OET_REPLAY_FIELD(cpu_name), OET_REPLAY_FIELD(total_ram_gb), OET_REPLAY_FIELD(screen_size_in),
                 OET_REPLAY_FIELD(resolution), OET_REPLAY_FIELD(network_type),
                 OET_REPLAY_FIELD(language_setting), OET_REPLAY_FIELD(current_version))
 
-OET_REPLAY_BIND(Account, "account", OET_REPLAY_FIELD(domain), OET_REPLAY_FIELD(web_url))
+OET_REPLAY_BIND(Account, "the account directive", OET_REPLAY_FIELD(domain), OET_REPLAY_FIELD(web_url))
 
-OET_REPLAY_BIND(DevelopmentUrls, "development_urls", OET_REPLAY_FIELD(urls), OET_REPLAY_FIELD(containing))
+OET_REPLAY_BIND(DevelopmentUrls, "the development_urls directive", OET_REPLAY_FIELD(urls),
+                OET_REPLAY_FIELD(containing))
 
-OET_REPLAY_BIND(ShortKeys, "short_keys", OET_REPLAY_FIELD(table))
+OET_REPLAY_BIND(ShortKeys, "the short_keys directive", OET_REPLAY_FIELD(table))
 
-OET_REPLAY_BIND(ServiceSwitch, "absent and present", OET_REPLAY_FIELD(service))
+OET_REPLAY_BIND(ServiceSwitch, "the absent and present directives", OET_REPLAY_FIELD(service))
 
-OET_REPLAY_BIND(CreateEventFailure, "create_event", OET_REPLAY_FIELD(fails))
+OET_REPLAY_BIND(CreateEventFailure, "the create_event directive", OET_REPLAY_FIELD(fails))
 
-OET_REPLAY_BIND(CreateEntityFailure, "create_entity", OET_REPLAY_FIELD(type), OET_REPLAY_FIELD(fails))
+OET_REPLAY_BIND(CreateEntityFailure, "the create_entity directive", OET_REPLAY_FIELD(type),
+                OET_REPLAY_FIELD(fails))
 
-OET_REPLAY_BIND(ThrowAtCall, "throw_at_call", OET_REPLAY_FIELD(at))
+OET_REPLAY_BIND(ThrowAtCall, "the throw_at_call directive", OET_REPLAY_FIELD(at))
 
-OET_REPLAY_BIND(Clock, "clock", OET_REPLAY_FIELD(set), OET_REPLAY_FIELD(advance_ms))
+OET_REPLAY_BIND(Clock, "the clock directive", OET_REPLAY_FIELD(set), OET_REPLAY_FIELD(advance_ms))
 
 // ---- What each directive does ----
 
