@@ -12,15 +12,17 @@ struct Item {
   int32_t n = 0;
   Kst::CStringT<wchar_t> label;
 };
+enum class Mode : int16_t { kOff, kOn };
 struct Outer {
+  Mode mode = Mode::kOff;
   std::vector<Item> items;
   std::map<std::string, int64_t> counts;
   Kst::Time when;
   Item single;
 };
 OET_REPLAY_RECORD(Item, OET_REPLAY_FIELD(n), OET_REPLAY_FIELD(label))
-OET_REPLAY_RECORD(Outer, OET_REPLAY_FIELD(items), OET_REPLAY_FIELD(counts), OET_REPLAY_FIELD(when),
-                  OET_REPLAY_FIELD(single))
+OET_REPLAY_RECORD(Outer, OET_REPLAY_FIELD(mode), OET_REPLAY_FIELD(items), OET_REPLAY_FIELD(counts),
+                  OET_REPLAY_FIELD(when), OET_REPLAY_FIELD(single))
 
 namespace {
 
@@ -41,6 +43,10 @@ struct ScalarCase {
   const char* json;
   const char* error;  // "" when the value reads
 };
+
+void PrintTo(const ScalarCase& c, std::ostream* os) {
+  *os << c.type << " " << c.json;
+}
 
 class ScalarTest : public ::testing::TestWithParam<ScalarCase> {};
 
@@ -95,6 +101,10 @@ struct TimeCase {
   int64_t unix_ms;
 };
 
+void PrintTo(const TimeCase& c, std::ostream* os) {
+  *os << c.text;
+}
+
 class IsoTimeTest : public ::testing::TestWithParam<TimeCase> {};
 
 TEST_P(IsoTimeTest, ReadsAndWritesTheSameInstant) {
@@ -116,15 +126,17 @@ TEST(RecordBindingTest, ReportsEveryProblemWithItsPath) {
   Issues issues;
   BindingOf<Outer>().Read(
       Json::parse(
-          R"({"items": [{"n": 1}, {"n": "x", "lable": ""}], "counts": {"a": 1.5}, "single": [], "extra": 0})"),
+          R"({"mode": 40000, "items": [{"n": 1}, {"n": "x", "lable": ""}], "counts": {"a": 1.5}, "single": [], "extra": 0})"),
       outer, "info", issues);
   EXPECT_THAT(
       issues.messages(),
-      ElementsAre("field \"info.items[1].n\": \"x\" is not an integer",
-                  "field \"info.items[1].lable\": unknown field of Item (fields: n, label)",
-                  "field \"info.counts.a\": 1.5 is not an integer",
-                  "field \"info.single\": an array is not an object (Item)",
-                  "field \"info.extra\": unknown field of Outer (fields: items, counts, when, single)"));
+      ElementsAre(
+          "field \"info.mode\": 40000 is out of range for a 16-bit integer",
+          "field \"info.items[1].n\": \"x\" is not an integer",
+          "field \"info.items[1].lable\": unknown field of Item (fields: n, label)",
+          "field \"info.counts.a\": 1.5 is not an integer",
+          "field \"info.single\": an array is not an object (Item)",
+          "field \"info.extra\": unknown field of Outer (fields: mode, items, counts, when, single)"));
 }
 
 TEST(RecordBindingTest, KeepsMembersLeftOutAndWritesWideTextBackAsUtf8) {
@@ -133,15 +145,18 @@ TEST(RecordBindingTest, KeepsMembersLeftOutAndWritesWideTextBackAsUtf8) {
   Issues issues;
   const std::string text = "\xC3\xBC \xE2\x9C\x93 \xF0\x9F\x98\x80";  // ü ✓ 😀 (a surrogate pair in UTF-16)
   BindingOf<Outer>().Read(
-      Json{{"items", Json::array({Json{{"label", text}}})}, {"when", "2026-03-07T05:09:01.042Z"}}, outer, "",
-      issues);
+      Json{
+          {"mode", 1}, {"items", Json::array({Json{{"label", text}}})}, {"when", "2026-03-07T05:09:01.042Z"}},
+      outer, "", issues);
   ASSERT_TRUE(issues.empty()) << issues.messages().front();
   EXPECT_EQ(outer.items.at(0).label, Kst::Utf8ToWide(text));
   EXPECT_EQ(outer.single.n, 7);
+  EXPECT_EQ(outer.mode, Mode::kOn);
   const Json written = BindingOf<Outer>().Write(outer);
   EXPECT_EQ(written["items"][0]["label"], text);
   EXPECT_EQ(written["when"], "2026-03-07T05:09:01.042Z");
   EXPECT_EQ(written["single"]["n"], 7);
+  EXPECT_EQ(written["mode"], 1);
 }
 
 // An export of the shape of the record-filling exports: an input record and a record it fills.

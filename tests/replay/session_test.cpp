@@ -69,6 +69,10 @@ struct DirectiveCase {
   const char* expected;
 };
 
+void PrintTo(const DirectiveCase& c, std::ostream* os) {
+  *os << c.line;
+}
+
 class DirectiveTest : public ::testing::TestWithParam<DirectiveCase> {};
 
 TEST_P(DirectiveTest, ChangesWhatTheLibrarySees) {

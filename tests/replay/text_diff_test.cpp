@@ -14,6 +14,10 @@ struct DiffCase {
   std::string diff;
 };
 
+void PrintTo(const DiffCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
 class LineDiffTest : public ::testing::TestWithParam<DiffCase> {};
 
 TEST_P(LineDiffTest, ShowsTheDifferingLinesWithTheirNumbers) {

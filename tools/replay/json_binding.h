@@ -17,6 +17,7 @@
 //    "YYYY-MM-DDTHH:MM:SS.mmmZ" (UTC, exactly that form);
 //  - std::vector members take arrays, std::map<std::string, T> members take objects, std::optional
 //    members are empty unless given;
+//  - enumerations take the integers of their underlying type;
 //  - nested records take objects and are read with their own binding.
 // Every problem is reported with the dotted path of the member ("info.first_tab", "list[2].name"),
 // and reading goes on, so that one line reports all its mistakes at once.
@@ -70,7 +71,7 @@ const RecordBinding<R>& BindingOf();
 
 // How one C++ type is read from and written to JSON. The primary template handles bound records;
 // the specialisations below handle the member types that records use.
-template <class T>
+template <class T, class = void>
 struct Codec {
   static void Read(const Json& in, T& out, const std::string& path, Issues& issues);
   static Json Write(const T& value);
@@ -125,6 +126,21 @@ template <>
 struct Codec<int64_t> : IntegerCodec<int64_t> {};
 template <>
 struct Codec<uint64_t> : IntegerCodec<uint64_t> {};
+// Enumerations take the integers of their underlying type, range-checked the same way.
+template <class E>
+struct Codec<E, std::enable_if_t<std::is_enum_v<E>>> {
+  using Underlying = std::underlying_type_t<E>;
+  static void Read(const Json& in, E& out, const std::string& path, Issues& issues) {
+    Underlying value{};
+    Issues own;
+    Codec<Underlying>::Read(in, value, path, own);
+    if (own.empty()) out = static_cast<E>(value);
+    for (const auto& message : own.messages())
+      issues.Add(message);
+  }
+  static Json Write(const E& value) { return static_cast<Underlying>(value); }
+};
+
 template <>
 struct Codec<bool> {
   static void Read(const Json& in, bool& out, const std::string& path, Issues& issues);
@@ -298,13 +314,13 @@ struct RecordBinding {
   }
 };
 
-template <class T>
-void Codec<T>::Read(const Json& in, T& out, const std::string& path, Issues& issues) {
+template <class T, class Enable>
+void Codec<T, Enable>::Read(const Json& in, T& out, const std::string& path, Issues& issues) {
   BindingOf<T>().Read(in, out, path, issues);
 }
 
-template <class T>
-Json Codec<T>::Write(const T& value) {
+template <class T, class Enable>
+Json Codec<T, Enable>::Write(const T& value) {
   return BindingOf<T>().Write(value);
 }
 
