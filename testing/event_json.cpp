@@ -70,7 +70,7 @@ void Pretty(const Json& value, int indent, std::string& out) {
   const std::string pad(static_cast<size_t>(indent) * 2, ' ');
   const std::string inner(static_cast<size_t>(indent + 1) * 2, ' ');
   if (IsCall(value) || value.empty() || !value.is_structured()) {
-    out += value.dump();
+    out += value.dump(-1, ' ', false, Json::error_handler_t::replace);  // never throws on a cut UTF-8 text
     return;
   }
   const bool object = value.is_object();

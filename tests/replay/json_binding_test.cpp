@@ -1,0 +1,200 @@
+// The record binder: range and type checks of every member type, the time forms, paths in messages,
+// and exports that fill a record.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/kst_convert.h"
+#include "tools/replay/exports.h"
+
+namespace oet_replay {
+
+struct Item {
+  int32_t n = 0;
+  Kst::CStringT<wchar_t> label;
+};
+enum class Mode : int16_t { kOff, kOn };
+struct Outer {
+  Mode mode = Mode::kOff;
+  std::vector<Item> items;
+  std::map<std::string, int64_t> counts;
+  Kst::Time when;
+  Item single;
+};
+OET_REPLAY_RECORD(Item, OET_REPLAY_FIELD(n), OET_REPLAY_FIELD(label))
+OET_REPLAY_RECORD(Outer, OET_REPLAY_FIELD(mode), OET_REPLAY_FIELD(items), OET_REPLAY_FIELD(counts),
+                  OET_REPLAY_FIELD(when), OET_REPLAY_FIELD(single))
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+// The first message of reading `json` as a T, or "" when it reads.
+template <class T>
+std::string ReadError(const char* json) {
+  T value{};
+  Issues issues;
+  Codec<T>::Read(Json::parse(json), value, "f", issues);
+  return issues.empty() ? "" : issues.messages().front();
+}
+
+struct ScalarCase {
+  const char* type;
+  const char* json;
+  const char* error;  // "" when the value reads
+};
+
+void PrintTo(const ScalarCase& c, std::ostream* os) {
+  *os << c.type << " " << c.json;
+}
+
+class ScalarTest : public ::testing::TestWithParam<ScalarCase> {};
+
+TEST_P(ScalarTest, ChecksTypeAndRange) {
+  const ScalarCase& c = GetParam();
+  const std::string type = c.type;
+  const std::string error = type == "int32"    ? ReadError<int32_t>(c.json)
+                            : type == "uint32" ? ReadError<uint32_t>(c.json)
+                            : type == "int64"  ? ReadError<int64_t>(c.json)
+                            : type == "uint8"  ? ReadError<uint8_t>(c.json)
+                            : type == "bool"   ? ReadError<bool>(c.json)
+                            : type == "double" ? ReadError<double>(c.json)
+                            : type == "cstr"   ? ReadError<Kst::CStringT<char>>(c.json)
+                                               : ReadError<Kst::Time>(c.json);
+  if (*c.error == '\0') {
+    EXPECT_EQ(error, "");
+  } else {
+    EXPECT_THAT(error, HasSubstr(c.error));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Members, ScalarTest,
+    ::testing::Values(
+        ScalarCase{"int32", "2147483647", ""}, ScalarCase{"int32", "-2147483648", ""},
+        ScalarCase{"int32", "4294967296", "field \"f\": 4294967296 is out of range for a 32-bit integer"},
+        ScalarCase{"int32", "2147483648", "out of range for a 32-bit integer"},
+        ScalarCase{"int32", "-2147483649", "out of range for a 32-bit integer"},
+        ScalarCase{"int32", "1.0", "1.0 is not an integer"},
+        ScalarCase{"int32", "true", "true is not an integer"},
+        ScalarCase{"int32", "\"1\"", "\"1\" is not an integer"}, ScalarCase{"uint32", "4294967295", ""},
+        ScalarCase{"uint32", "-1", "out of range for an unsigned 32-bit integer"},
+        ScalarCase{"int64", "9223372036854775807", ""}, ScalarCase{"int64", "-9223372036854775808", ""},
+        ScalarCase{"int64", "9223372036854775808", "out of range for a 64-bit integer"},
+        ScalarCase{"uint8", "256", "out of range for an unsigned 8-bit integer"},
+        ScalarCase{"bool", "1", "1 is not true or false"}, ScalarCase{"double", "1e300", ""},
+        ScalarCase{"double", "null", "null is not a number"},
+        ScalarCase{"cstr", "{\"a\": 1}", "an object is not a string"},
+        ScalarCase{"time", "1772860141042", ""}, ScalarCase{"time", "-1", ""},
+        ScalarCase{"time", "9223372036854776", "out of range for a time"},
+        ScalarCase{"time", "2.5", "is not a time (Unix milliseconds or"},
+        ScalarCase{"time", "\"2024-02-29T23:59:59.999Z\"", ""},
+        ScalarCase{"time", "\"2023-02-29T00:00:00.000Z\"", "is not a time"},
+        ScalarCase{"time", "\"2100-02-29T00:00:00.000Z\"", "is not a time"},
+        ScalarCase{"time", "\"2026-03-07T24:00:00.000Z\"", "is not a time"},
+        ScalarCase{"time", "\"2026-03-07T05:09:01.042\"", "is not a time"},
+        ScalarCase{"time", "\"2026-03-07T05:09:01Z\"", "is not a time"},
+        ScalarCase{"time", "\"+026-03-07T05:09:01.042Z\"", "is not a time"}));
+
+struct TimeCase {
+  const char* text;
+  int64_t unix_ms;
+};
+
+void PrintTo(const TimeCase& c, std::ostream* os) {
+  *os << c.text;
+}
+
+class IsoTimeTest : public ::testing::TestWithParam<TimeCase> {};
+
+TEST_P(IsoTimeTest, ReadsAndWritesTheSameInstant) {
+  const auto parsed = ParseIsoTime(GetParam().text);
+  ASSERT_TRUE(parsed.has_value());
+  EXPECT_EQ(parsed->ToUnixMicroseconds(), GetParam().unix_ms * 1000);
+  EXPECT_EQ(FormatIsoTime(*parsed), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Instants, IsoTimeTest,
+                         ::testing::Values(TimeCase{"2026-03-07T05:09:01.042Z", 1772860141042},
+                                           TimeCase{"1970-01-01T00:00:00.001Z", 1},
+                                           TimeCase{"1969-12-31T23:59:59.999Z", -1},
+                                           TimeCase{"2000-02-29T12:00:00.000Z", 951825600000},
+                                           TimeCase{"0001-01-01T00:00:00.000Z", -62135596800000}));
+
+TEST(RecordBindingTest, ReportsEveryProblemWithItsPath) {
+  Outer outer;
+  Issues issues;
+  BindingOf<Outer>().Read(
+      Json::parse(
+          R"({"mode": 40000, "items": [{"n": 1}, {"n": "x", "lable": ""}], "counts": {"a": 1.5}, "single": [], "extra": 0})"),
+      outer, "info", issues);
+  EXPECT_THAT(
+      issues.messages(),
+      ElementsAre(
+          "field \"info.mode\": 40000 is out of range for a 16-bit integer",
+          "field \"info.items[1].n\": \"x\" is not an integer",
+          "field \"info.items[1].lable\": unknown field of Item (fields: n, label)",
+          "field \"info.counts.a\": 1.5 is not an integer",
+          "field \"info.single\": an array is not an object (Item)",
+          "field \"info.extra\": unknown field of Outer (fields: mode, items, counts, when, single)"));
+}
+
+TEST(RecordBindingTest, KeepsMembersLeftOutAndWritesWideTextBackAsUtf8) {
+  Outer outer;
+  outer.single.n = 7;
+  Issues issues;
+  const std::string text = "\xC3\xBC \xE2\x9C\x93 \xF0\x9F\x98\x80";  // ü ✓ 😀 (a surrogate pair in UTF-16)
+  BindingOf<Outer>().Read(
+      Json{
+          {"mode", 1}, {"items", Json::array({Json{{"label", text}}})}, {"when", "2026-03-07T05:09:01.042Z"}},
+      outer, "", issues);
+  ASSERT_TRUE(issues.empty()) << issues.messages().front();
+  EXPECT_EQ(outer.items.at(0).label, Kst::Utf8ToWide(text));
+  EXPECT_EQ(outer.single.n, 7);
+  EXPECT_EQ(outer.mode, Mode::kOn);
+  const Json written = BindingOf<Outer>().Write(outer);
+  EXPECT_EQ(written["items"][0]["label"], text);
+  EXPECT_EQ(written["when"], "2026-03-07T05:09:01.042Z");
+  EXPECT_EQ(written["single"]["n"], 7);
+  EXPECT_EQ(written["mode"], 1);
+}
+
+// An export of the shape of the record-filling exports: an input record and a record it fills.
+int FillItem(const Item& in, Item& out) {
+  out.n = in.n * 2;
+  out.label = L"filled";
+  return in.n;
+}
+
+TEST(ExportTest, RunsWithRecordsFromTheLineAndPrintsTheFilledRecord) {
+  const ExportEntry entry = Export("Test::FillItem", &FillItem, {"in", "out"});
+  Issues issues;
+  const PreparedCall call =
+      entry.prepare(Json::parse(R"({"call": "Test::FillItem", "in": {"n": 21}})"), issues);
+  ASSERT_TRUE(call);
+  const CallResult result = call();
+  EXPECT_EQ(result.result, 21);
+  EXPECT_EQ(result.filled, Json::parse(R"({"out": {"n": 42, "label": "filled"}})"));
+}
+
+TEST(ExportTest, RejectsUnknownArgumentsAndRunsNothing) {
+  const ExportEntry entry = Export("Test::FillItem", &FillItem, {"in", "out"});
+  Issues issues;
+  EXPECT_FALSE(entry.prepare(Json::parse(R"({"call": "Test::FillItem", "inn": {}, "note": "x"})"), issues));
+  EXPECT_THAT(issues.messages(),
+              ElementsAre("field \"inn\": unknown argument of Test::FillItem (arguments: in, out)"));
+}
+
+TEST(ExportTest, EveryLibraryExportIsRegisteredOnce) {
+  std::vector<std::string> names;
+  for (const auto& entry : Exports())
+    names.push_back(entry.name);
+  EXPECT_THAT(names, ::testing::IsSupersetOf({"OrboPTPAAP::TrackingPTInteractEvent",
+                                              "OrboPTPAAP::TrackingHomeTabInteractEvent",
+                                              "OrboPTPAAP::StoreMeetingInfo4PostEvents"}));
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end());
+}
+
+}  // namespace
+}  // namespace oet_replay

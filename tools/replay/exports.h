@@ -1,0 +1,120 @@
+// The exports a session script can call, each registered once with the JSON names of its arguments.
+//
+// A registration turns a script line into a ready call: every argument record is read from the line's
+// member of the same name with the record's binding (json_binding.h); an argument left out is a
+// default record. Arguments taken by const reference are inputs. Arguments taken by non-const
+// reference are records the export fills: the line may give their starting values, and after the
+// call they are printed back under "filled".
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "tools/replay/json_binding.h"
+
+namespace oet_replay {
+
+// What one call gave: its return value (null for an export that returns nothing) and the records it
+// filled, by argument name (an empty object when it fills none).
+struct CallResult {
+  Json result;
+  Json filled = Json::object();
+};
+
+// A call read from a script line, ready to run.
+using PreparedCall = std::function<CallResult()>;
+
+struct ExportEntry {
+  std::string name;  // qualified, as "OrboPTPAAP::TrackingPTInteractEvent"
+  std::vector<std::string> arguments;
+  // Reads the arguments from the line (an object; its "call" and "note" members are the script's own
+  // and skipped). Returns an empty function and reports to `issues` when anything is wrong.
+  std::function<PreparedCall(const Json& line, Issues& issues)> prepare;
+};
+
+// Every export a script can call, in registration order.
+const std::vector<ExportEntry>& Exports();
+// The export of that name, or null.
+const ExportEntry* FindExport(const std::string& name);
+
+// The members of a script line that belong to the script itself rather than to an export's
+// arguments or a directive's fields.
+inline const std::vector<std::string>& ScriptKeys() {
+  static const std::vector<std::string> keys{"call", "host", "note"};
+  return keys;
+}
+
+// The entry of that name in a table of exports or directives, or null.
+template <class Entry>
+const Entry* FindByName(const std::vector<Entry>& entries, const std::string& name) {
+  for (const auto& entry : entries) {
+    if (entry.name == name) return &entry;
+  }
+  return nullptr;
+}
+
+namespace detail {
+
+template <class P>
+using RecordOf = std::remove_cv_t<std::remove_reference_t<P>>;
+
+template <class P>
+constexpr bool kFills = std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
+
+template <class Ret, class... Params, size_t... I>
+ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
+                       std::array<const char*, sizeof...(Params)> names, std::index_sequence<I...>) {
+  ExportEntry entry;
+  entry.name = std::move(name);
+  entry.arguments = {names[I]...};
+  const std::string export_name = entry.name;
+  entry.prepare = [fn, names, export_name](const Json& line, Issues& issues) -> PreparedCall {
+    auto records = std::make_shared<std::tuple<RecordOf<Params>...>>();
+    for (auto it = line.begin(); it != line.end(); ++it) {
+      const bool known =
+          std::find(ScriptKeys().begin(), ScriptKeys().end(), it.key()) != ScriptKeys().end() ||
+          ((it.key() == names[I]) || ...);
+      if (!known) {
+        std::string list;
+        ((list += (I == 0 ? "" : ", ") + std::string(names[I])), ...);
+        issues.AddField(it.key(), "unknown argument of " + export_name +
+                                      " (arguments: " + (list.empty() ? std::string("none") : list) + ")");
+      }
+    }
+    ((line.contains(names[I])
+          ? Codec<RecordOf<Params>>::Read(line[names[I]], std::get<I>(*records), names[I], issues)
+          : void()),
+     ...);
+    if (!issues.empty()) return nullptr;
+    return [fn, names, records]() {
+      CallResult out;
+      if constexpr (std::is_void_v<Ret>) {
+        std::apply(fn, *records);
+      } else {
+        out.result = std::apply(fn, *records);
+      }
+      ((kFills<Params> ? void(out.filled[names[I]] = Codec<RecordOf<Params>>::Write(std::get<I>(*records)))
+                       : void()),
+       ...);
+      return out;
+    };
+  };
+  return entry;
+}
+
+}  // namespace detail
+
+// Registers an export under its qualified name with one JSON name per argument:
+//   Export("OrboPTPAAP::TrackingPTInteractEvent", &OrboPTPAAP::TrackingPTInteractEvent, {"tracking", "info"})
+template <class Ret, class... Params>
+ExportEntry Export(std::string name, Ret (*fn)(Params...), std::array<const char*, sizeof...(Params)> names) {
+  return detail::MakeExport(std::move(name), fn, names, std::index_sequence_for<Params...>{});
+}
+
+}  // namespace oet_replay

@@ -1,0 +1,123 @@
+#include "tools/replay/session.h"
+
+#include <exception>
+#include <istream>
+#include <ostream>
+
+#include "testing/event_json.h"
+
+namespace oet_replay {
+namespace {
+
+bool IsBlankOrComment(const std::string& text) {
+  const size_t first = text.find_first_not_of(" \t\r\n");
+  return first == std::string::npos || text[first] == '#';
+}
+
+// The message of a parse error without the library's error-code prefix.
+std::string ParseErrorText(const std::exception& error) {
+  std::string text = error.what();
+  const size_t bracket = text.find("] ");
+  if (!text.empty() && text[0] == '[' && bracket != std::string::npos) text.erase(0, bracket + 2);
+  return text;
+}
+
+std::string Printed(const Json& value, bool pretty) {
+  if (pretty) return oet_testing::PrettyPrint(value);
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+Step ReadStep(const std::string& text, Issues& issues) {
+  Step step;
+  if (IsBlankOrComment(text)) return step;
+  Json line;
+  try {
+    line = Json::parse(text);
+  } catch (const Json::parse_error& error) {
+    issues.Add("malformed JSON: " + ParseErrorText(error));
+    return step;
+  }
+  if (!line.is_object()) {
+    issues.Add("a line must be a JSON object, not " + Shown(line));
+    return step;
+  }
+  const bool is_call = line.contains("call");
+  const bool is_directive = line.contains("host");
+  if (is_call == is_directive) {
+    issues.Add(is_call ? "a line is either a call or a host directive, not both"
+                       : "a line needs \"call\" (an export) or \"host\" (a directive)");
+    return step;
+  }
+  const Json& name = is_call ? line["call"] : line["host"];
+  const char* key = is_call ? "call" : "host";
+  if (!name.is_string()) {
+    issues.AddField(key, Shown(name) + " is not a string");
+    return step;
+  }
+  if (line.contains("note") && !line["note"].is_string())
+    issues.AddField("note", Shown(line["note"]) + " is not a string");
+  step.name = name.get<std::string>();
+  if (is_call) {
+    const ExportEntry* entry = FindExport(step.name);
+    if (entry == nullptr) {
+      issues.AddField(key, "unknown export \"" + step.name + "\"");
+      return step;
+    }
+    step.call = entry->prepare(line, issues);
+  } else {
+    const DirectiveEntry* entry = FindDirective(step.name);
+    if (entry == nullptr) {
+      issues.AddField(key, "unknown directive \"" + step.name + "\"");
+      return step;
+    }
+    step.directive = entry->prepare(line, issues);
+  }
+  if (!issues.empty()) return Step{};
+  step.kind = is_call ? Step::Kind::kCall : Step::Kind::kDirective;
+  if (line.contains("note")) step.note = line["note"];
+  return step;
+}
+
+SessionSummary RunSession(std::istream& script, const std::string& name, const SessionOptions& options,
+                          std::ostream& output, std::ostream& errors) {
+  SessionSummary summary;
+  SessionHost host;
+  std::string text;
+  for (int number = 1; std::getline(script, text); ++number) {
+    if (number == 1 && text.rfind("\xEF\xBB\xBF", 0) == 0) text.erase(0, 3);  // a UTF-8 byte-order mark
+    Issues issues;
+    try {
+      const Step step = ReadStep(text, issues);
+      if (step.kind == Step::Kind::kDirective) {
+        const std::string problem = step.directive(host);
+        if (!problem.empty()) issues.Add(problem);
+      } else if (step.kind == Step::Kind::kCall) {
+        const CallResult result = step.call();
+        Json out = Json::object();
+        out["line"] = number;
+        out["call"] = step.name;
+        if (!step.note.is_null()) out["note"] = step.note;
+        out["result"] = result.result;
+        if (!result.filled.empty()) out["filled"] = result.filled;
+        out["events"] = oet_testing::ToJson(host.recording().TakeEvents());
+        output << Printed(out, options.pretty) << "\n";
+        ++summary.calls;
+      }
+    } catch (const std::exception& error) {
+      issues.Add(std::string("the line failed: ") + error.what());
+    } catch (...) {
+      issues.Add("the line failed");
+    }
+    if (!issues.empty()) host.recording().TakeEvents();  // what a failed line left belongs to no call
+    for (const auto& message : issues.messages())
+      errors << name << ":" << number << ": " << message << "\n";
+    if (!issues.empty()) ++summary.rejected;
+  }
+  output.flush();
+  errors.flush();
+  return summary;
+}
+
+}  // namespace oet_replay
