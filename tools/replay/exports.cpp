@@ -26,6 +26,57 @@ OET_REPLAY_RECORD(HomeTabInteractInfo_s, OET_REPLAY_FIELD(element), OET_REPLAY_F
 OET_REPLAY_RECORD(PostMeetingTrackingInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2),
                   OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4))
 
+OET_REPLAY_RECORD(SearchSectionEntry_s, OET_REPLAY_FIELD(section), OET_REPLAY_FIELD(result_count))
+
+OET_REPLAY_RECORD(SearchInteractInfo_s, OET_REPLAY_FIELD(search_action), OET_REPLAY_FIELD(result_action),
+                  OET_REPLAY_FIELD(context_text1), OET_REPLAY_FIELD(context_text2),
+                  OET_REPLAY_FIELD(context_text3), OET_REPLAY_FIELD(count_a), OET_REPLAY_FIELD(count_b),
+                  OET_REPLAY_FIELD(chat_scope), OET_REPLAY_FIELD(entry), OET_REPLAY_FIELD(category),
+                  OET_REPLAY_FIELD(second_category), OET_REPLAY_FIELD(first_results),
+                  OET_REPLAY_FIELD(second_results), OET_REPLAY_FIELD(third_results), OET_REPLAY_FIELD(text_d),
+                  OET_REPLAY_FIELD(text_e), OET_REPLAY_FIELD(selected_tab), OET_REPLAY_FIELD(source),
+                  OET_REPLAY_FIELD(sort_order), OET_REPLAY_FIELD(file_type), OET_REPLAY_FIELD(text_a),
+                  OET_REPLAY_FIELD(text_b), OET_REPLAY_FIELD(text_c), OET_REPLAY_FIELD(count_c),
+                  OET_REPLAY_FIELD(count_d))
+
+OET_REPLAY_RECORD(SearchInteractInfoV2_s, OET_REPLAY_FIELD(search_action), OET_REPLAY_FIELD(entry),
+                  OET_REPLAY_FIELD(category), OET_REPLAY_FIELD(section), OET_REPLAY_FIELD(result_action),
+                  OET_REPLAY_FIELD(source), OET_REPLAY_FIELD(sort_order), OET_REPLAY_FIELD(file_type),
+                  OET_REPLAY_FIELD(search_session_id), OET_REPLAY_FIELD(query_id),
+                  OET_REPLAY_FIELD(result_id), OET_REPLAY_FIELD(has_filter),
+                  OET_REPLAY_FIELD(is_recent_search), OET_REPLAY_FIELD(is_spell_corrected),
+                  OET_REPLAY_FIELD(result_count), OET_REPLAY_FIELD(result_position),
+                  OET_REPLAY_FIELD(elapsed_ms))
+
+OET_REPLAY_RECORD(PTClientProductEntityStruct, OET_REPLAY_FIELD(domain), OET_REPLAY_FIELD(client_label),
+                  OET_REPLAY_FIELD(client_version))
+
+OET_REPLAY_RECORD(PTClientDeviceEntityStruct, OET_REPLAY_FIELD(device_product),
+                  OET_REPLAY_FIELD(web_service_value), OET_REPLAY_FIELD(os_version),
+                  OET_REPLAY_FIELD(os_name))
+
+OET_REPLAY_RECORD(OSigninInteractInfo_s, OET_REPLAY_FIELD(first_value), OET_REPLAY_FIELD(second_value),
+                  OET_REPLAY_FIELD(third_value), OET_REPLAY_FIELD(fourth_value),
+                  OET_REPLAY_FIELD(fifth_value), OET_REPLAY_FIELD(first_text), OET_REPLAY_FIELD(second_text))
+
+OET_REPLAY_RECORD(OBasicInteractInfo_s, OET_REPLAY_FIELD(first_value), OET_REPLAY_FIELD(second_value),
+                  OET_REPLAY_FIELD(third_value), OET_REPLAY_FIELD(fourth_value),
+                  OET_REPLAY_FIELD(fifth_value), OET_REPLAY_FIELD(sixth_value), OET_REPLAY_FIELD(first_text),
+                  OET_REPLAY_FIELD(second_text))
+
+OET_REPLAY_RECORD(PhoneInteractInfo_s, OET_REPLAY_FIELD(spare_value), OET_REPLAY_FIELD(value_a),
+                  OET_REPLAY_FIELD(value_b), OET_REPLAY_FIELD(value_c), OET_REPLAY_FIELD(value_d),
+                  OET_REPLAY_FIELD(value_e), OET_REPLAY_FIELD(value_f), OET_REPLAY_FIELD(body_text1),
+                  OET_REPLAY_FIELD(body_text2), OET_REPLAY_FIELD(body_text3), OET_REPLAY_FIELD(spare_value2),
+                  OET_REPLAY_FIELD(call_detail), OET_REPLAY_FIELD(call_text1), OET_REPLAY_FIELD(call_text2),
+                  OET_REPLAY_FIELD(direction), OET_REPLAY_FIELD(time1), OET_REPLAY_FIELD(time2),
+                  OET_REPLAY_FIELD(context_text1), OET_REPLAY_FIELD(context_text2),
+                  OET_REPLAY_FIELD(context_text3), OET_REPLAY_FIELD(context_number),
+                  OET_REPLAY_FIELD(context_text4))
+
+OET_REPLAY_EMPTY_RECORD(ORPhoneTrackingInfo_s)
+OET_REPLAY_EMPTY_RECORD(ORPhoneInteractInfo_s)
+
 // ---- Exports ----
 
 const std::vector<ExportEntry>& Exports() {
@@ -33,6 +84,14 @@ const std::vector<ExportEntry>& Exports() {
       Export("OrboPTPAAP::TrackingPTInteractEvent", &TrackingPTInteractEvent, {"tracking", "info"}),
       Export("OrboPTPAAP::TrackingHomeTabInteractEvent", &TrackingHomeTabInteractEvent, {"tracking", "info"}),
       Export("OrboPTPAAP::StoreMeetingInfo4PostEvents", &StoreMeetingInfo4PostEvents, {"info"}),
+      Export("OrboPTPAAP::TrackingPTSearchEvent", &TrackingPTSearchEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTSearchEventV2", &TrackingPTSearchEventV2, {"tracking", "info"}),
+      Export("OrboPTPAAP::RetrieveClientProductInfo", &RetrieveClientProductInfo, {"info"}),
+      Export("OrboPTPAAP::RetrieveClientDeviceInfo", &RetrieveClientDeviceInfo, {"info"}),
+      Export("OrboPTPAAP::TrackingSigninInteractEvent", &TrackingSigninInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingBasicInteractEvent", &TrackingBasicInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPhoneInteractEvent", &TrackingPhoneInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingORPhoneInteractEvent", &TrackingORPhoneInteractEvent, {"tracking", "info"}),
   };
   return exports;
 }

@@ -266,6 +266,13 @@ class Field {
   }
 // The same for an input record of the library, shown under its own type name.
 #define OET_REPLAY_RECORD(Type, ...) OET_REPLAY_BIND(Type, #Type, __VA_ARGS__)
+// A record without members (a script may still give it as an empty object).
+#define OET_REPLAY_EMPTY_RECORD(Type)                                  \
+  template <>                                                          \
+  const ::oet_replay::RecordBinding<Type>& BindingOf<Type>() {         \
+    static const ::oet_replay::RecordBinding<Type> binding{#Type, {}}; \
+    return binding;                                                    \
+  }
 
 template <class R>
 struct RecordBinding {
