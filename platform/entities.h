@@ -60,12 +60,7 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
   }                   \
   ;
 #include "platform/entity_schema.def"
-#undef KST_FIELDS
-#undef KST_ENTITY
-#undef KST_ENTITY_VIA
-#undef KST_OP
-#undef KST_RESERVED
-#undef KST_END
+#include "platform/entity_schema_undef.h"
 
 // Compile-time check that every block numbers its operations without gaps, so that each declared
 // operation sits at the position its number says.
@@ -83,11 +78,6 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
 namespace schema_check {
 #include "platform/entity_schema.def"
 }  // namespace schema_check
-#undef KST_FIELDS
-#undef KST_ENTITY
-#undef KST_ENTITY_VIA
-#undef KST_OP
-#undef KST_RESERVED
-#undef KST_END
+#include "platform/entity_schema_undef.h"
 
 }  // namespace orbo_entity

@@ -60,12 +60,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
   }                   \
   ;
 #include "platform/entity_schema.def"
-#undef KST_FIELDS
-#undef KST_ENTITY
-#undef KST_ENTITY_VIA
-#undef KST_OP
-#undef KST_RESERVED
-#undef KST_END
+#include "platform/entity_schema_undef.h"
 
 }  // namespace
 
@@ -80,12 +75,7 @@ std::unique_ptr<RecordedEntity> MakeRecordedEntity(int32_t type, RecordingHost* 
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
 #include "platform/entity_schema.def"
-#undef KST_FIELDS
-#undef KST_ENTITY
-#undef KST_ENTITY_VIA
-#undef KST_OP
-#undef KST_RESERVED
-#undef KST_END
+#include "platform/entity_schema_undef.h"
     default:
       return nullptr;
   }
