@@ -1,10 +1,18 @@
 #include "testing/web_service_fake.h"
 
 #include <stdexcept>
+#include <string>
 
 #include "platform/kst_convert.h"
 
 namespace oet_testing {
+namespace {
+
+// FindKey answers "key:<identifier>", so that a caller handing ResolveShortKey anything but that
+// intermediate key gets nothing.
+constexpr char kIntermediateKeyPrefix[] = "key:";
+
+}  // namespace
 
 void WebServiceFake::SetContextAnswer(const ContextAnswer& answer) {
   std::lock_guard<std::mutex> lock(mutex_);
@@ -85,14 +93,18 @@ int32_t WebServiceFake::FindKey(const Kst::CStringT<char>& identifier, Kst::CStr
   Count(22);
   std::lock_guard<std::mutex> lock(mutex_);
   if (short_keys_.count(identifier.c_str()) == 0) return 0;
-  key = identifier;
+  key = (std::string(kIntermediateKeyPrefix) + identifier.c_str()).c_str();
   return 1;
 }
 
 void WebServiceFake::ResolveShortKey(const Kst::CStringT<char>& key, Kst::CStringT<char>& short_key) {
   Count(25);
   std::lock_guard<std::mutex> lock(mutex_);
-  const auto it = short_keys_.find(key.c_str());
+  // Only the intermediate key that FindKey wrote resolves; the identifier itself does not.
+  const std::string text = key.c_str();
+  const size_t prefix = sizeof kIntermediateKeyPrefix - 1;
+  if (text.compare(0, prefix, kIntermediateKeyPrefix) != 0) return;
+  const auto it = short_keys_.find(text.substr(prefix));
   if (it != short_keys_.end()) short_key = it->second.c_str();
 }
 

@@ -2,6 +2,7 @@
 // and the service gates of every export of this family.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -26,19 +27,28 @@ struct BasicCase {
   bool web_service;
   const char* device_ops;  // entity 159
   const char* body_ops;    // entity 157
+  int32_t missing = 0;     // a context type the host does not give
+  int fills = 0;           // client-context fills asked of the web service (its operation 97)
 };
 
 class BasicInteraction : public oet_test::RecordedEventTest,
                          public ::testing::WithParamInterface<BasicCase> {};
 
+// Only sign-in reads the client context, and only for a device entity that it has got.
 TEST_P(BasicInteraction, FillsTheBasicBody) {
-  host_.SetWebServicePresent(GetParam().web_service);
-  EXPECT_EQ(GetParam().track(), 1);
+  const BasicCase& c = GetParam();
+  host_.SetWebServicePresent(c.web_service);
+  if (c.missing != 0) host_.SetCreateEntityFails(c.missing, true);
+  const int fills = host_.web_service().CallCount(97);
+  EXPECT_EQ(c.track(), 1);
   const oet_test::EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (std::vector<int32_t>{170, 159, 169}));
-  EXPECT_EQ(event.Ops(159), GetParam().device_ops);
+  std::vector<int32_t> context{170, 159, 169};
+  context.erase(std::remove(context.begin(), context.end(), c.missing), context.end());
+  EXPECT_EQ(event.ContextTypes(), context);
+  EXPECT_EQ(event.Ops(159), c.device_ops);
   EXPECT_EQ(event.BodyType(), 157);
-  EXPECT_EQ(event.Ops(157), GetParam().body_ops);
+  EXPECT_EQ(event.Ops(157), c.body_ops);
+  EXPECT_EQ(host_.web_service().CallCount(97) - fills, c.fills);
 }
 
 constexpr char kSignInBody[] = "12=client|7=1|2=5|5=2|15=3|17=4|9=first|10~";
@@ -50,7 +60,12 @@ INSTANTIATE_TEST_SUITE_P(
                       BasicCase{"SignIn", SignIn, true,
                                 "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows"
                                 "|DeviceInfo.3=10.0.22631",
-                                kSignInBody},
+                                kSignInBody, 0, 1},
+                      BasicCase{"SignInWithoutDeviceEntity", SignIn, true, "", kSignInBody, 159, 0},
+                      BasicCase{"SignInWithoutFirstEntity", SignIn, true,
+                                "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows"
+                                "|DeviceInfo.3=10.0.22631",
+                                kSignInBody, 170, 1},
                       BasicCase{"Basic", Basic, true, "", "13=1|7=2|2=6|5=3|15=4|17=5|8~|11=second"}),
     [](const auto& info) { return std::string(info.param.name); });
 
@@ -68,6 +83,7 @@ struct ProductCase {
   const char* stored_domain;
   std::string web_url;
   const char* expected_domain;
+  int url_asked;  // calls of the web service's operation 37: only when no label is stored
 };
 
 class ProductInfo : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ProductCase> {};
@@ -76,18 +92,21 @@ TEST_P(ProductInfo, TellsVersionLabelAndDomain) {
   host_.SetWebServicePresent(GetParam().web_service);
   host_.web_service().SetAccountDomain(GetParam().stored_domain);
   host_.web_service().SetAccountWebUrl(GetParam().web_url);
+  const int url_asked = host_.web_service().CallCount(37);
   OrboPTPAAP::PTClientProductEntityStruct info{"from caller", "", ""};
   EXPECT_EQ(OrboPTPAAP::RetrieveClientProductInfo(info), 1);
   EXPECT_EQ(info.domain + " " + info.client_label + " " + info.client_version,
             std::string(GetParam().expected_domain) + " client 6.2.10.4512");
+  EXPECT_EQ(host_.web_service().CallCount(37) - url_asked, GetParam().url_asked);
 }
 
 const std::string kTeamUrl = "https://team" + Kst::WideToUtf8(oet::kWebDomainSuffixes[0]);
 
 INSTANTIATE_TEST_SUITE_P(Domains, ProductInfo,
-                         ::testing::Values(ProductCase{false, "stored", kTeamUrl, "from caller"},
-                                           ProductCase{true, "stored", kTeamUrl, "stored"},
-                                           ProductCase{true, "", kTeamUrl, "team"}));
+                         ::testing::Values(ProductCase{false, "stored", kTeamUrl, "from caller", 0},
+                                           ProductCase{true, "stored", kTeamUrl, "stored", 0},
+                                           ProductCase{true, "", kTeamUrl, "team", 1},
+                                           ProductCase{true, "", "http://team", "aw1", 1}));
 
 TEST_F(ProductInfo, DeviceFactsWaitForTheWebService) {
   OrboPTPAAP::PTClientDeviceEntityStruct info;

@@ -7,6 +7,7 @@
 #include "core/web_domains.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "platform/kst_convert.h"
+#include "platform/url_utils.h"
 #include "tests/recorded_event_view.h"
 
 namespace {
@@ -76,6 +77,32 @@ INSTANTIATE_TEST_SUITE_P(
                       ListCase{-2, {}, {354, 376, 369, 377}}, ListCase{1, {354}, {0, 376, 369, 377}},
                       ListCase{1, {369}, {354, 376, 377}}, ListCase{1, {376, 377, 370}, {354, 369}},
                       ListCase{0, {354, 376, 377}, {0}}));
+
+struct DomainCase {
+  const char* stored;
+  bool development;
+  const char* product_ops;  // entity 377
+  int url_asked;            // calls of the web service's operation 37
+};
+
+class PhoneDomain : public PhoneEvent, public ::testing::WithParamInterface<DomainCase> {
+ protected:
+  void TearDown() override { KstHost::SetDevelopmentUrlPredicate(nullptr); }
+};
+
+TEST_P(PhoneDomain, ComesFromTheStoredLabelOrTheUrl) {
+  host_.web_service().SetAccountDomain(GetParam().stored);
+  const bool development = GetParam().development;
+  KstHost::SetDevelopmentUrlPredicate([development](const Kst::CStringT<wchar_t>&) { return development; });
+  const int url_asked = host_.web_service().CallCount(37);
+  EXPECT_EQ(Track(0), 1);
+  EXPECT_EQ(OnlyEvent().Ops(377), GetParam().product_ops);
+  EXPECT_EQ(host_.web_service().CallCount(37) - url_asked, GetParam().url_asked);
+}
+
+INSTANTIATE_TEST_SUITE_P(Domains, PhoneDomain,
+                         ::testing::Values(DomainCase{"corp", true, "2=client|5=6.2.10.4512|1=corp", 0},
+                                           DomainCase{"", true, "2=client|5=6.2.10.4512|1=dev", 1}));
 
 TEST_F(PhoneEvent, OtherBuildExportDoesNothing) {
   host_.SetRegistryAvailable(false);

@@ -90,26 +90,34 @@ struct ShortKeyCase {
   bool lookup_present;
   bool web_service_present;
   const char* expected;
+  const char* asked;  // calls of the web service's operation 100 and the lookup's 22 and 25
 };
 
 class ShortKey : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ShortKeyCase> {};
 
 TEST_P(ShortKey, CutsAtSixteenBytes) {
   const ShortKeyCase& c = GetParam();
-  if (c.stored != nullptr) host_.web_service().SetShortKey("id", c.stored);
-  host_.web_service().SetLookupPresent(c.lookup_present);
+  oet_testing::WebServiceFake& web_service = host_.web_service();
+  if (c.stored != nullptr) web_service.SetShortKey("id", c.stored);
+  web_service.SetLookupPresent(c.lookup_present);
   host_.SetWebServicePresent(c.web_service_present);
+  const int before[] = {web_service.CallCount(100), web_service.CallCount(22), web_service.CallCount(25)};
   EXPECT_STREQ(oet::MapIdToShortKey(c.identifier).c_str(), c.expected);
+  EXPECT_EQ(std::to_string(web_service.CallCount(100) - before[0]) + "/" +
+                std::to_string(web_service.CallCount(22) - before[1]) + "/" +
+                std::to_string(web_service.CallCount(25) - before[2]),
+            c.asked);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Keys, ShortKey,
-    ::testing::Values(ShortKeyCase{"id", "0123456789abcdefghij", true, true, "0123456789abcdef"},
-                      ShortKeyCase{"id", "0123456789abcdef", true, true, "0123456789abcdef"},
-                      ShortKeyCase{"id", "0123456789abcde\xE2\x82\xAC", true, true,
-                                   "0123456789abcde\xE2"},  // bytes
-                      ShortKeyCase{"other", "0123", true, true, ""}, ShortKeyCase{"", "0123", true, true, ""},
-                      ShortKeyCase{"id", "0123", false, true, ""},
-                      ShortKeyCase{"id", "0123", true, false, ""}));
+    ::testing::Values(ShortKeyCase{"id", "0123456789abcdefghij", true, true, "0123456789abcdef", "1/1/1"},
+                      ShortKeyCase{"id", "0123456789abcdef", true, true, "0123456789abcdef", "1/1/1"},
+                      ShortKeyCase{"id", "0123456789abcde\xE2\x82\xAC", true, true, "0123456789abcde\xE2",
+                                   "1/1/1"},                                   // bytes
+                      ShortKeyCase{"other", "0123", true, true, "", "1/1/0"},  // unknown: never resolved
+                      ShortKeyCase{"", "0123", true, true, "", "0/0/0"},       // nothing asked
+                      ShortKeyCase{"id", "0123", false, true, "", "1/0/0"},
+                      ShortKeyCase{"id", "0123", true, false, "", "0/0/0"}));
 
 }  // namespace

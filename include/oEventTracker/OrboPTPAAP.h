@@ -160,7 +160,8 @@ struct PTClientDeviceEntityStruct {
 // ---- Sign-in and basic interactions (body entity 157 with the basic context entities).
 
 // A step of signing in. The values go to the body's values a to e, the texts to its texts a and b (an
-// empty text clears its field); the body's source is "client".
+// empty text clears its field); the body's source is "client". The record carries nothing between the
+// fifth value and the texts: the event reads no other member.
 struct OSigninInteractInfo_s {
   int32_t first_value = 0;   // value a
   int32_t second_value = 0;  // value b
@@ -254,7 +255,9 @@ OET_API int TrackingSigninInteractEvent(const PTTrackingInfo_s& tracking, const 
 OET_API int TrackingBasicInteractEvent(const PTTrackingInfo_s& tracking, const OBasicInteractInfo_s& info);
 
 // A phone interaction: context entities 354, 376, 369 (only with call_detail) and 377 with the
-// account's web domain, and body 370. Needs the web service and the telemetry service.
+// account's web domain, and body 370. Needs the web service and the telemetry service. Should the
+// host not give entity 354, its place in the list stays as a null entry; should it not give 376, 369
+// or 377 (which a conforming host always gives), that entity is left out rather than used.
 OET_API int TrackingPhoneInteractEvent(const PTTrackingInfo_s& tracking, const PhoneInteractInfo_s& info);
 
 // Sends nothing and returns 1: the other client build reports its phone interactions elsewhere.
