@@ -118,6 +118,10 @@ struct FailureCase {
   std::vector<std::string> calls;  // empty: none at all; otherwise the calls that must appear
 };
 
+void PrintTo(const FailureCase& failure, std::ostream* out) {
+  *out << failure.name;
+}
+
 class SkeletonFailureTest : public HostTest,
                             public ::testing::WithParamInterface<std::tuple<FailureCase, bool>> {};
 
