@@ -10,6 +10,7 @@
 #include "core/web_domains.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "platform/kst_convert.h"
+#include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 
 namespace {
@@ -30,6 +31,10 @@ struct BasicCase {
   int32_t missing = 0;     // a context type the host does not give
   int fills = 0;           // client-context fills asked of the web service (its operation 97)
 };
+
+void PrintTo(const BasicCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class BasicInteraction : public oet_test::RecordedEventTest,
                          public ::testing::WithParamInterface<BasicCase> {};
@@ -86,6 +91,11 @@ struct ProductCase {
   int url_asked;  // calls of the web service's operation 37: only when no label is stored
 };
 
+void PrintTo(const ProductCase& c, std::ostream* os) {
+  *os << (c.web_service ? "" : "no web service, ") << "stored " << oet_test::Quoted(c.stored_domain)
+      << ", url " << oet_test::Quoted(c.web_url);
+}
+
 class ProductInfo : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ProductCase> {};
 
 TEST_P(ProductInfo, TellsVersionLabelAndDomain) {
@@ -106,7 +116,13 @@ INSTANTIATE_TEST_SUITE_P(Domains, ProductInfo,
                          ::testing::Values(ProductCase{false, "stored", kTeamUrl, "from caller", 0},
                                            ProductCase{true, "stored", kTeamUrl, "stored", 0},
                                            ProductCase{true, "", kTeamUrl, "team", 1},
-                                           ProductCase{true, "", "http://team", "aw1", 1}));
+                                           ProductCase{true, "", "http://team", "aw1", 1}),
+                         [](const auto& info) {
+                           const ProductCase& c = info.param;
+                           if (!c.web_service) return std::string("NoWebService");
+                           return *c.stored_domain ? "StoredLabel"
+                                                   : "FromUrl_" + oet_test::NameOf(c.expected_domain);
+                         });
 
 TEST_F(ProductInfo, DeviceFactsWaitForTheWebService) {
   OrboPTPAAP::PTClientDeviceEntityStruct info;
@@ -129,6 +145,10 @@ struct GateCase {
   int (*track)();
   bool needs_web_service;
 };
+
+void PrintTo(const GateCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 class ServiceGates : public oet_test::RecordedEventTest,
                      public ::testing::WithParamInterface<std::tuple<GateCase, Failure>> {};

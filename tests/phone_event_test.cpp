@@ -8,6 +8,7 @@
 #include "oEventTracker/OrboPTPAAP.h"
 #include "platform/kst_convert.h"
 #include "platform/url_utils.h"
+#include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 
 namespace {
@@ -60,6 +61,18 @@ struct ListCase {
   Types context;  // 0: a null entry
 };
 
+void PrintTo(const ListCase& c, std::ostream* os) {
+  *os << "call detail " << c.call_detail << ", failing " << testing::PrintToString(c.failing);
+}
+
+// "Detail1_Failing376_377": the call detail asked for and the context types the host does not give.
+std::string ListCaseName(const testing::TestParamInfo<ListCase>& info) {
+  std::string name = "Detail" + oet_test::NameOf(info.param.call_detail);
+  for (size_t i = 0; i < info.param.failing.size(); ++i)
+    name += (i == 0 ? "_Failing" : "_") + std::to_string(info.param.failing[i]);
+  return name;
+}
+
 class PhoneContextList : public PhoneEvent, public ::testing::WithParamInterface<ListCase> {};
 
 TEST_P(PhoneContextList, HoldsTheEntitiesTheHostGave) {
@@ -76,7 +89,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(ListCase{0, {}, {354, 376, 377}}, ListCase{1, {}, {354, 376, 369, 377}},
                       ListCase{-2, {}, {354, 376, 369, 377}}, ListCase{1, {354}, {0, 376, 369, 377}},
                       ListCase{1, {369}, {354, 376, 377}}, ListCase{1, {376, 377, 370}, {354, 369}},
-                      ListCase{0, {354, 376, 377}, {0}}));
+                      ListCase{0, {354, 376, 377}, {0}}),
+    ListCaseName);
 
 struct DomainCase {
   const char* stored;
@@ -84,6 +98,10 @@ struct DomainCase {
   const char* product_ops;  // entity 377
   int url_asked;            // calls of the web service's operation 37
 };
+
+void PrintTo(const DomainCase& c, std::ostream* os) {
+  *os << "stored " << oet_test::Quoted(c.stored) << (c.development ? ", development URL" : "");
+}
 
 class PhoneDomain : public PhoneEvent, public ::testing::WithParamInterface<DomainCase> {
  protected:
@@ -102,7 +120,12 @@ TEST_P(PhoneDomain, ComesFromTheStoredLabelOrTheUrl) {
 
 INSTANTIATE_TEST_SUITE_P(Domains, PhoneDomain,
                          ::testing::Values(DomainCase{"corp", true, "2=client|5=6.2.10.4512|1=corp", 0},
-                                           DomainCase{"", true, "2=client|5=6.2.10.4512|1=dev", 1}));
+                                           DomainCase{"", true, "2=client|5=6.2.10.4512|1=dev", 1}),
+                         [](const auto& info) {
+                           return (*info.param.stored ? "Stored_" + oet_test::NameOf(info.param.stored)
+                                                      : std::string("FromUrl")) +
+                                  (info.param.development ? "_Development" : "");
+                         });
 
 TEST_F(PhoneEvent, OtherBuildExportDoesNothing) {
   host_.SetRegistryAvailable(false);

@@ -13,6 +13,7 @@
 #include "platform/kst_convert.h"
 #include "platform/kst_number.h"
 #include "platform/kst_string.h"
+#include "tests/param_names.h"
 
 namespace {
 
@@ -49,6 +50,11 @@ struct DecodeCase {
   std::string utf8;
   std::vector<uint32_t> cps;
 };
+void PrintTo(const DecodeCase& c, std::ostream* os) {
+  *os << oet_test::Quoted(c.utf8) << " ->";
+  for (const uint32_t cp : c.cps)
+    *os << " U+" << oet_test::UnitHex(cp);
+}
 class Utf8ToWideTest : public testing::TestWithParam<DecodeCase> {};
 
 TEST_P(Utf8ToWideTest, ReplacesEachMaximalIllFormedSubpart) {
@@ -75,12 +81,16 @@ INSTANTIATE_TEST_SUITE_P(All, Utf8ToWideTest,
                              {"\xF5\x80\x80\x80\xFE\xFF", {R, R, R, R, R, R}},
                              {"\x61\xF1\x80\x80\xE1\x80\xC2\x62\x80\x63\x80\xBF\x64",
                               {0x61, R, R, R, 0x62, R, 0x63, R, R, 0x64}},
-                         }));
+                         }),
+                         [](const auto& info) { return oet_test::NameOf(info.param.utf8); });
 
 struct EncodeCase {
   std::wstring wide;
   std::string utf8;
 };
+void PrintTo(const EncodeCase& c, std::ostream* os) {
+  *os << oet_test::Quoted(c.wide) << " -> " << oet_test::Quoted(c.utf8);
+}
 class WideToUtf8Test : public testing::TestWithParam<EncodeCase> {};
 
 TEST_P(WideToUtf8Test, EncodesAndReplacesInvalidUnits) {
@@ -108,7 +118,8 @@ std::vector<EncodeCase> EncodeCases() {
 #endif
   return cases;
 }
-INSTANTIATE_TEST_SUITE_P(All, WideToUtf8Test, testing::ValuesIn(EncodeCases()));
+INSTANTIATE_TEST_SUITE_P(All, WideToUtf8Test, testing::ValuesIn(EncodeCases()),
+                         [](const auto& info) { return oet_test::NameOf(info.param.wide); });
 
 TEST(KstStrConvert, BadArgumentsGiveZeroAndTerminate) {
   char out[4] = "xxx";
@@ -191,6 +202,9 @@ struct UIntCase {
   bool ok;
   uint32_t value;
 };
+void PrintTo(const UIntCase& c, std::ostream* os) {
+  *os << oet_test::Quoted(c.text) << " base " << c.base;
+}
 class StringToUIntTest : public testing::TestWithParam<UIntCase> {};
 
 TEST_P(StringToUIntTest, AcceptsOnlyWholeDigitRunsThatFit) {
@@ -212,7 +226,10 @@ INSTANTIATE_TEST_SUITE_P(All, StringToUIntTest, testing::ValuesIn(std::vector<UI
     {"ff", 10, false, 0},          {"0x10", 16, false, 0},               {"ffffffff", 16, true, UINT32_MAX},
     {"100000000", 16, false, 0},   {"101", 2, true, 5},                  {"2", 2, false, 0},
     {"Zz", 36, true, 1295},        {"1", 1, false, 0},                   {"1", 37, false, 0},
-    {"\xB1", 10, false, 0}}));
+    {"\xB1", 10, false, 0}}),
+    [](const auto& info) {
+      return oet_test::NameOf(info.param.text) + "_Base" + std::to_string(info.param.base);
+    });
 // clang-format on
 
 TEST(StringToUInt, RejectsNullAndNonAsciiWideDigits) {

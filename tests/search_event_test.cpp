@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "oEventTracker/OrboPTPAAP.h"
+#include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 
 namespace {
@@ -28,6 +29,10 @@ struct DispatchCase {
   int32_t body_type;  // 0: no body
   const char* body_ops;
 };
+
+void PrintTo(const DispatchCase& c, std::ostream* os) {
+  *os << "action " << c.action << " -> body " << c.body_type;
+}
 
 class SearchDispatch : public oet_test::RecordedEventTest,
                        public ::testing::WithParamInterface<DispatchCase> {};
@@ -53,7 +58,11 @@ INSTANTIATE_TEST_SUITE_P(
         DispatchCase{3, 420,
                      "3=perform|1=meet_with_Video|2=unjoined_public_channels|6=|8=7|7=-5|9=sms|10=c|4=9"},
         DispatchCase{4, 419, "1=launch|3=global_search_app|2=-5"}, DispatchCase{5, 415, "1=close|2=-5|3=7"},
-        DispatchCase{0, 0, ""}, DispatchCase{6, 0, ""}, DispatchCase{-1, 0, ""}));
+        DispatchCase{0, 0, ""}, DispatchCase{6, 0, ""}, DispatchCase{-1, 0, ""}),
+    [](const auto& info) {
+      return "Action" + oet_test::NameOf(info.param.action) +
+             (info.param.body_type ? "_Body" + std::to_string(info.param.body_type) : "_NoBody");
+    });
 
 TEST_F(SearchDispatch, LeavesOutWhatTheHostDoesNotGive) {
   host_.SetCreateEntityFails(424, true);

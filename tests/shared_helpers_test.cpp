@@ -10,6 +10,7 @@
 #include "core/web_domains.h"
 #include "platform/kst_convert.h"
 #include "platform/url_utils.h"
+#include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 
 namespace {
@@ -18,6 +19,10 @@ struct TimeCase {
   int64_t unix_us;
   const char* text;
 };
+
+void PrintTo(const TimeCase& c, std::ostream* os) {
+  *os << c.unix_us << " us";
+}
 
 class UtcTimestamp : public ::testing::TestWithParam<TimeCase> {};
 
@@ -33,7 +38,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TimeCase{1709210096007000, "2024-02-29T12:34:56.007Z"},  // leap day
                       TimeCase{1704067199999000, "2023-12-31T23:59:59.999Z"},
                       TimeCase{1704067200000000, "2024-01-01T00:00:00.000Z"},
-                      TimeCase{4107542400000000, "2100-03-01T00:00:00.000Z"}));  // 2100 has no leap day
+                      TimeCase{4107542400000000, "2100-03-01T00:00:00.000Z"}),  // 2100 has no leap day
+    [](const auto& info) { return "Us" + oet_test::NameOf(info.param.unix_us); });
 
 // "$N" in a URL or label stands for the build's N-th web domain suffix.
 struct DomainCase {
@@ -48,6 +54,11 @@ std::string Expand(std::string text) {
     text.replace(at, 2, Kst::WideToUtf8(oet::kWebDomainSuffixes[text[at + 1] - '0']));
   }
   return text;
+}
+
+void PrintTo(const DomainCase& c, std::ostream* os) {
+  *os << oet_test::Quoted(c.url) << (c.development ? ", development URL" : "")
+      << (c.url_utils_present ? "" : ", no URL utilities");
 }
 
 class VanityDomain : public ::testing::TestWithParam<DomainCase> {
@@ -82,7 +93,11 @@ INSTANTIATE_TEST_SUITE_P(
                       DomainCase{"https://$1", "aw1"},  // nothing between
                       DomainCase{"", "aw1"}, DomainCase{"https://bücher$1", "bücher"},
                       DomainCase{"https://\xF0\x9F\x98\x80$0",
-                                 "\xF0\x9F\x98\x80"}));  // a surrogate pair on Windows
+                                 "\xF0\x9F\x98\x80"}),  // a surrogate pair on Windows
+    [](const auto& info) {
+      return oet_test::NameOf(info.param.url) + (info.param.development ? "_Development" : "") +
+             (info.param.url_utils_present ? "" : "_NoUrlUtils");
+    });
 
 struct ShortKeyCase {
   const char* identifier;
@@ -92,6 +107,11 @@ struct ShortKeyCase {
   const char* expected;
   const char* asked;  // calls of the web service's operation 100 and the lookup's 22 and 25
 };
+
+void PrintTo(const ShortKeyCase& c, std::ostream* os) {
+  *os << oet_test::Quoted(c.identifier) << ", stored " << oet_test::Quoted(c.stored)
+      << (c.lookup_present ? "" : ", no lookup") << (c.web_service_present ? "" : ", no web service");
+}
 
 class ShortKey : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ShortKeyCase> {};
 
@@ -118,6 +138,11 @@ INSTANTIATE_TEST_SUITE_P(
                       ShortKeyCase{"other", "0123", true, true, "", "1/1/0"},  // unknown: never resolved
                       ShortKeyCase{"", "0123", true, true, "", "0/0/0"},       // nothing asked
                       ShortKeyCase{"id", "0123", false, true, "", "1/0/0"},
-                      ShortKeyCase{"id", "0123", true, false, "", "0/0/0"}));
+                      ShortKeyCase{"id", "0123", true, false, "", "0/0/0"}),
+    [](const auto& info) {
+      const ShortKeyCase& c = info.param;
+      return oet_test::NameOf(c.identifier) + "_" + oet_test::NameOf(c.stored) +
+             (c.lookup_present ? "" : "_NoLookup") + (c.web_service_present ? "" : "_NoWebService");
+    });
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "oEventTracker/OrboPTPAAP.h"
 #include "platform/kst_convert.h"
 #include "platform/system_info.h"
+#include "tests/param_names.h"
 #include "tests/test_support.h"
 
 namespace oet_testing {
@@ -30,6 +31,10 @@ struct RoundTrip {
   int utf16_units;       // wide length where wchar_t is 16 bits
   int utf32_units;       // wide length where wchar_t is 32 bits
 };
+
+void PrintTo(const RoundTrip& c, std::ostream* os) {
+  *os << c.name << " " << oet_test::Quoted(c.utf8_in);
+}
 
 class WideRoundTripTest : public testing::TestWithParam<RoundTrip> {};
 
@@ -64,6 +69,10 @@ struct BrokenWide {
   std::wstring wide;
   std::string utf8;
 };
+
+void PrintTo(const BrokenWide& c, std::ostream* os) {
+  *os << c.name << " " << oet_test::Quoted(c.wide);
+}
 
 class BrokenWideTest : public testing::TestWithParam<BrokenWide> {};
 
