@@ -23,6 +23,7 @@ class EntityBase {
 #define KST_SIGNATURE_String (const std::string& value)
 #define KST_SIGNATURE_Int32 (int32_t value)
 #define KST_SIGNATURE_Int64 (int64_t value)
+#define KST_SIGNATURE_UInt64 (uint64_t value)
 #define KST_SIGNATURE_Bool (bool value)
 #define KST_SIGNATURE_Double (double value)
 

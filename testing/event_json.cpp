@@ -35,6 +35,8 @@ const char* KindName(OpKind kind) {
       return "int32";
     case OpKind::kInt64:
       return "int64";
+    case OpKind::kUInt64:
+      return "uint64";
     case OpKind::kBool:
       return "bool";
     case OpKind::kDouble:

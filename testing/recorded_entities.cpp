@@ -12,6 +12,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_PARAMS_String (const std::string& value)
 #define KST_PARAMS_Int32 (int32_t value)
 #define KST_PARAMS_Int64 (int64_t value)
+#define KST_PARAMS_UInt64 (uint64_t value)
 #define KST_PARAMS_Bool (bool value)
 #define KST_PARAMS_Double (double value)
 #define KST_VALUE_Clear OpValue()
@@ -19,6 +20,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_VALUE_String OpValue(value)
 #define KST_VALUE_Int32 OpValue(value)
 #define KST_VALUE_Int64 OpValue(value)
+#define KST_VALUE_UInt64 OpValue(value)
 #define KST_VALUE_Bool OpValue(value)
 #define KST_VALUE_Double OpValue(value)
 #define KST_KIND_Clear OpKind::kClear
@@ -26,6 +28,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_KIND_String OpKind::kString
 #define KST_KIND_Int32 OpKind::kInt32
 #define KST_KIND_Int64 OpKind::kInt64
+#define KST_KIND_UInt64 OpKind::kUInt64
 #define KST_KIND_Bool OpKind::kBool
 #define KST_KIND_Double OpKind::kDouble
 

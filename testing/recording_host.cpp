@@ -335,6 +335,7 @@ std::string Describe(const Call& call) {
       if (const auto* text = std::get_if<std::string>(&call.value)) out << " " << Quoted(*text);
       if (const auto* i32 = std::get_if<int32_t>(&call.value)) out << " " << *i32;
       if (const auto* i64 = std::get_if<int64_t>(&call.value)) out << " " << *i64;
+      if (const auto* u64 = std::get_if<uint64_t>(&call.value)) out << " " << *u64;
       if (const auto* flag = std::get_if<bool>(&call.value)) out << " " << (*flag ? "true" : "false");
       if (const auto* number = std::get_if<double>(&call.value)) out << " " << *number;
       break;

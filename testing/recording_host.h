@@ -29,8 +29,8 @@
 
 namespace oet_testing {
 
-enum class OpKind { kClear, kCall, kString, kInt32, kInt64, kBool, kDouble };
-using OpValue = std::variant<std::monostate, std::string, int32_t, int64_t, bool, double>;
+enum class OpKind { kClear, kCall, kString, kInt32, kInt64, kUInt64, kBool, kDouble };
+using OpValue = std::variant<std::monostate, std::string, int32_t, int64_t, uint64_t, bool, double>;
 
 // One host-visible call.
 struct Call {

@@ -77,6 +77,12 @@ OET_REPLAY_RECORD(PhoneInteractInfo_s, OET_REPLAY_FIELD(spare_value), OET_REPLAY
 OET_REPLAY_EMPTY_RECORD(ORPhoneTrackingInfo_s)
 OET_REPLAY_EMPTY_RECORD(ORPhoneInteractInfo_s)
 
+// ---- Records of the standalone events (chat, meeting, post-meeting, client, metrics, notice, preferences).
+
+// ---- Records of the performance reports and chat-module events.
+
+// ---- Records of the meeting side.
+
 // ---- Exports ----
 
 const std::vector<ExportEntry>& Exports() {
@@ -92,6 +98,9 @@ const std::vector<ExportEntry>& Exports() {
       Export("OrboPTPAAP::TrackingBasicInteractEvent", &TrackingBasicInteractEvent, {"tracking", "info"}),
       Export("OrboPTPAAP::TrackingPhoneInteractEvent", &TrackingPhoneInteractEvent, {"tracking", "info"}),
       Export("OrboPTPAAP::TrackingORPhoneInteractEvent", &TrackingORPhoneInteractEvent, {"tracking", "info"}),
+      // Standalone events.
+      // Performance reports and chat-module events.
+      // Meeting side.
   };
   return exports;
 }
