@@ -181,8 +181,13 @@ std::vector<RecordedEvent> RecordingHost::Events() const {
   return all;
 }
 
-void RecordingHost::Record(Call call) {
-  const bool throw_now = throw_countdown_ > 0 && --throw_countdown_ == 0;
+void RecordingHost::SetDestroyEventThrows(bool throws) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  destroy_event_throws_ = throws;
+}
+
+void RecordingHost::Record(Call call, bool fails) {
+  const bool throw_now = (throw_countdown_ > 0 && --throw_countdown_ == 0) || fails;
   call.threw = throw_now;
   const auto event = events_.find(call.event);
   if (event != events_.end()) event->second->record.calls.push_back(call);
@@ -292,7 +297,7 @@ void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
   call.fn = Call::Fn::kDestroyEvent;
   call.event = state.record.number;
   call.first_code = flags;
-  Record(call);
+  Record(call, destroy_event_throws_);
   state.record.outcome = RecordedEvent::Outcome::kDestroyed;
   open_event_.erase(state.thread);
   event_numbers_.erase(state.object.get());

@@ -97,6 +97,8 @@ class RecordingHost {
   void SetCreateEntityFails(int32_t type, bool fails);
   // Makes the n-th host-visible call from now on throw (1-based); 0 disarms.
   void ThrowAtCall(int n);
+  // Makes every DestroyEvent throw (after it is recorded), leaving its event open.
+  void SetDestroyEventThrows(bool throws);
 
   // Every call so far, in order, across events.
   std::vector<Call> Log() const;
@@ -123,8 +125,8 @@ class RecordingHost {
   void AttachEntityList(Event& event, int32_t id, const std::vector<orbo_entity::EntityBase*>& entities);
   void AttachEntity(Event& event, int32_t id, orbo_entity::EntityBase* entity);
 
-  // Appends a call to the log and its event; throws when the call is the armed one.
-  void Record(Call call);
+  // Appends a call to the log and its event; throws when the call is the armed one, or when `fails`.
+  void Record(Call call, bool fails = false);
   EventState* OpenEventOfThisThread();
   int EntityNumber(orbo_entity::EntityBase* base) const;
 
@@ -142,6 +144,7 @@ class RecordingHost {
   bool create_event_fails_ = false;
   std::set<int32_t> failing_types_;
   int throw_countdown_ = 0;
+  bool destroy_event_throws_ = false;
 };
 
 // State shared by every recording entity.

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "platform/kst_convert.h"
 
@@ -74,8 +75,19 @@ Kst::CStringT<wchar_t> WebServiceFake::GetAccountWebUrl(int32_t /*which*/, int32
   return Kst::Utf8ToWide(web_url_);
 }
 
+void WebServiceFake::SetFillHook(std::function<void()> hook) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  fill_hook_ = std::move(hook);
+}
+
 void WebServiceFake::FillClientContext(ClientContext& context) {
   Count(97);
+  std::function<void()> hook;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    hook = fill_hook_;
+  }
+  if (hook) hook();
   std::lock_guard<std::mutex> lock(mutex_);
   context.web_service_value = Kst::Utf8ToWide(context_.value);
   context.web_service_second = Kst::Utf8ToWide(context_.second);
