@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "platform/telemetry_api.h"
+#include "testing/host_bookkeeping.h"
 #include "testing/web_service_fake.h"
 
 namespace oet_testing {
@@ -108,6 +109,8 @@ class RecordingHost {
   std::vector<RecordedEvent> TakeEvents();
   // The events not yet taken, without taking them.
   std::vector<RecordedEvent> Events() const;
+  // How many events are open now: created and neither submitted nor destroyed (taken or not).
+  int OpenEventCount() const;
 
   // Called by the recording entities.
   void RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
@@ -136,6 +139,7 @@ class RecordingHost {
   std::map<int, std::unique_ptr<EventState>> events_;  // by number
   std::unordered_map<IOrboEvent*, int> event_numbers_;
   int event_count_ = 0;
+  int open_count_ = 0;
   int first_untaken_ = 1;
   std::vector<Call> log_;
   std::vector<std::unique_ptr<RecordedEntity>> stray_entities_;  // requested while no event was open

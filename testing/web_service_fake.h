@@ -10,6 +10,7 @@
 #include <string>
 
 #include "platform/web_service.h"
+#include "testing/host_bookkeeping.h"
 
 namespace oet_testing {
 
