@@ -19,9 +19,10 @@ constexpr char kDefaultClientVersion[] = "1.0.0";
 std::mutex g_mutex;
 std::map<SystemFact, std::string> g_overrides;
 std::atomic<uint64_t> g_queries{0};
+std::atomic<uint64_t> g_version_queries{0};
 
 std::optional<std::string> Override(SystemFact fact) {
-  if (fact != SystemFact::kCurrentVersion) ++g_queries;
+  ++(fact == SystemFact::kCurrentVersion ? g_version_queries : g_queries);
   std::lock_guard<std::mutex> lock(g_mutex);
   const auto it = g_overrides.find(fact);
   if (it == g_overrides.end()) return std::nullopt;
@@ -127,6 +128,10 @@ void ClearSystemFactOverrides() {
 
 uint64_t SystemQueryCount() {
   return g_queries.load();
+}
+
+uint64_t VersionQueryCount() {
+  return g_version_queries.load();
 }
 
 }  // namespace KstHost
