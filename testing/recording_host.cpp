@@ -54,7 +54,8 @@ namespace {
 
 using KstHost::SystemFact;
 
-// The machine every standard host describes, and the moment its clock shows.
+}  // namespace
+
 void InstallStandardMachine() {
   const std::pair<SystemFact, const char*> facts[] = {
       {SystemFact::kOSVersion, "10.0.22631"},
@@ -75,6 +76,8 @@ void InstallStandardMachine() {
     KstHost::OverrideSystemFact(fact.first, fact.second);
   KstHost::SetClock(Kst::Time::FromUnixMilliseconds(1772860141042));  // 2026-03-07T05:09:01.042Z
 }
+
+namespace {
 
 std::string Quoted(const std::string& text) {
   std::string out = "\"";
