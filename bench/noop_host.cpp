@@ -21,6 +21,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_NOOP_PARAMS_String (const std::string& /*value*/)
 #define KST_NOOP_PARAMS_Int32 (int32_t /*value*/)
 #define KST_NOOP_PARAMS_Int64 (int64_t /*value*/)
+#define KST_NOOP_PARAMS_UInt64 (uint64_t /*value*/)
 #define KST_NOOP_PARAMS_Bool (bool /*value*/)
 #define KST_NOOP_PARAMS_Double (double /*value*/)
 
