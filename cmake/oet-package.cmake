@@ -5,9 +5,10 @@
 #   include/oEventTracker/version.h must equal it (checked here); it gives both shared libraries their
 #   VERSION and SOVERSION (the Linux SONAME), the Windows DLLs their version resource and the package
 #   its version file.
-# - The public headers are every header in include/oEventTracker/ plus the platform headers that they
-#   include, found by following their #include "platform/..." lines. A public header that includes any
-#   other header of this tree (core/, testing/, ...) stops the configuration: it would not be installed.
+# - The public headers are every header in include/oEventTracker/ and its subfolders, plus the
+#   platform headers that they include, found by following their #include "platform/..." lines. A
+#   public header that includes any other header of this tree (core/, testing/, ...) stops the
+#   configuration: it would not be installed.
 # - oet_header_check compiles each public header alone, twice in one file, against the installed
 #   layout (include/ and a copy of the platform headers, nothing else of this tree), with the
 #   project's warnings as errors. Headers added later are picked up by the glob at the next build.
