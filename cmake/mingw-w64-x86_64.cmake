@@ -1,9 +1,10 @@
 # Cross-compiling for 64-bit Windows with Debian's MinGW-w64 toolchain (the POSIX-threads variant,
 # x86_64-w64-mingw32-g++-posix, which std::thread and std::mutex need).
 #
-# Every module is linked so that it needs no compiler runtime DLL: libgcc and libstdc++ are linked
-# statically into each DLL and EXE, and so is winpthread (the whole archive, so that its symbols are
-# resolved inside the module instead of being imported from libwinpthread-1.dll). What is left to find
+# Every module is linked so that it needs no compiler runtime DLL: -static links libgcc, libstdc++ and
+# winpthread statically into each DLL and EXE (only the members a module uses: the whole winpthread
+# archive would also bring its own version resource, which would stand in for ours). Our own DLLs are
+# linked through their import libraries by full path, which -static leaves alone. What is left to find
 # at run time are Windows system DLLs and our own two DLLs (oKstPlatform.dll, oEventTracker.dll).
 #
 # Programs built here run on Linux through wine (see cmake/wine-run): CMAKE_CROSSCOMPILING_EMULATOR is
@@ -25,8 +26,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-set(_oet_static_runtime
-    "-static-libgcc -static-libstdc++ -Wl,-Bstatic,--whole-archive -lwinpthread -Wl,--no-whole-archive,-Bdynamic")
+set(_oet_static_runtime "-static")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${_oet_static_runtime}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${_oet_static_runtime}")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "${_oet_static_runtime}")

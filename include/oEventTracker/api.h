@@ -1,8 +1,22 @@
 // Export macro of oEventTracker. Every exported function is marked with OET_API; everything else in
-// the library is hidden.
+// the library is hidden. Including any public header also gives the version macros (version.h).
+//
+// OET_API has three states:
+//   - building the shared library (OET_BUILDING_LIBRARY, set by the build): exported from the DLL
+//     (dllexport) or given default visibility in the .so;
+//   - using the shared library (nothing defined, what every client sees): imported from the DLL
+//     (dllimport) or default visibility;
+//   - the static build of the same code that the unit tests link (OET_STATIC, set by the build for
+//     oet_static and its users): nothing, so the functions stay hidden and no program that links the
+//     static library exports them. The installed package has no static library; clients never define
+//     OET_STATIC.
 #pragma once
 
-#if defined(_WIN32)
+#include "oEventTracker/version.h"
+
+#if defined(OET_STATIC)
+#define OET_API
+#elif defined(_WIN32)
 #if defined(OET_BUILDING_LIBRARY)
 #define OET_API __declspec(dllexport)
 #else
