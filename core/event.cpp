@@ -30,14 +30,18 @@ void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& trackin
   AttachContextAlways(CommonContext(tracking));
 }
 
-void EventDraft::AttachBasicContext(bool device_facts) {
-  ContextList list(3);
+ContextList EventDraft::BasicContext(bool device_facts, size_t extra) const {
+  ContextList list(3 + extra);
   list.Add(Create<orbo_entity::BasicContextEntity170>());
   auto* device = Create<orbo_entity::BasicDeviceContextEntity>();
   if (device != nullptr && device_facts) FillDeviceContext(*device);
   list.Add(device);
   list.Add(Create<orbo_entity::BasicContextEntity169>());
-  AttachContext(std::move(list));
+  return list;
+}
+
+void EventDraft::AttachBasicContext(bool device_facts) {
+  AttachContext(BasicContext(device_facts));
 }
 
 void EventDraft::AttachContext(ContextList&& list) {

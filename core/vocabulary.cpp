@@ -253,4 +253,19 @@ std::string SearchChatScopeToString(int32_t value) {
   return value == 1 ? "orbo_chat" : std::string();
 }
 
+std::string SurveyStageToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "survey_shown"},
+      {2, "survey_interacted"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string SurveyActionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "post_meeting_survey"}, {2, "close"}, {3, "minimize"}, {4, "thumbs_up"}, {5, "thumbs_down"},
+  };
+  return Lookup(kWords, value);
+}
+
 }  // namespace oet

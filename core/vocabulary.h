@@ -58,4 +58,12 @@ std::string SearchSortOrderToString(int32_t value);
 // Chat scope of the search context: only 1 has a word, "orbo_chat".
 std::string SearchChatScopeToString(int32_t value);
 
+// Stage of the post-meeting survey: 1 "survey_shown", 2 "survey_interacted".
+std::string SurveyStageToString(int32_t value);
+
+// What was done with the post-meeting survey: 1 "post_meeting_survey" (with underscores, unlike the
+// event name "post-meeting_survey" of the same event; both as the back end spells them), 2 "close",
+// 3 "minimize", 4 "thumbs_up", 5 "thumbs_down".
+std::string SurveyActionToString(int32_t value);
+
 }  // namespace oet

@@ -2,6 +2,7 @@
 
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/kst_time.h"
 #include "platform/service_registry.h"
@@ -230,8 +231,19 @@ int RecordingHost::EntityNumber(orbo_entity::EntityBase* base) const {
   return it == entity_by_base_.end() ? -1 : it->second->number();
 }
 
+void RecordingHost::SetCreateEventHook(std::function<void()> hook) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  create_event_hook_ = std::move(hook);
+}
+
 IOrboEvent* RecordingHost::CreateEvent() {
   HostBookkeeping bookkeeping;
+  std::function<void()> hook;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    hook = create_event_hook_;
+  }
+  if (hook) hook();
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kCreateEvent;

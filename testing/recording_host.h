@@ -14,6 +14,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -104,6 +105,9 @@ class RecordingHost {
   void ThrowAtCall(int n);
   // Makes every DestroyEvent throw (after it is recorded), leaving its event open.
   void SetDestroyEventThrows(bool throws);
+  // Runs `hook` at every CreateEvent before it answers, outside the host's lock: a host whose other
+  // services change while the library makes an event. Null removes it.
+  void SetCreateEventHook(std::function<void()> hook);
 
   // Every call so far, in order, across events.
   std::vector<Call> Log() const;
@@ -153,6 +157,7 @@ class RecordingHost {
   std::set<int32_t> failing_types_;
   int throw_countdown_ = 0;
   bool destroy_event_throws_ = false;
+  std::function<void()> create_event_hook_;
 };
 
 // State shared by every recording entity.

@@ -65,6 +65,9 @@ const std::vector<Table>& Tables() {
        "all files|images|videos|documents|presentations|spreadsheets|whiteboard|other_file_types"},
       {"SearchSortOrder", oet::SearchSortOrderToString, 1, "most_recent|most_relevant"},
       {"SearchChatScope", oet::SearchChatScopeToString, 1, "orbo_chat"},
+      {"SurveyStage", oet::SurveyStageToString, 1, "survey_shown|survey_interacted"},
+      {"SurveyAction", oet::SurveyActionToString, 1,
+       "post_meeting_survey|close|minimize|thumbs_up|thumbs_down"},
   };
   return tables;
 }

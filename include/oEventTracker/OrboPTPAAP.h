@@ -18,5 +18,11 @@
 #include "oEventTracker/OrboPTPAAP/tabs.h"
 
 // ---- Standalone events: chat, meeting, client, performance metrics, notice, preferences.
+#include "oEventTracker/OrboPTPAAP/chat.h"
+#include "oEventTracker/OrboPTPAAP/client.h"
+#include "oEventTracker/OrboPTPAAP/meeting.h"
+#include "oEventTracker/OrboPTPAAP/notice.h"
+#include "oEventTracker/OrboPTPAAP/perf_metrics.h"
+#include "oEventTracker/OrboPTPAAP/preferences.h"
 
 // ---- Performance reports and chat-module events.

@@ -79,6 +79,87 @@ OET_REPLAY_EMPTY_RECORD(ORPhoneInteractInfo_s)
 
 // ---- Records of the standalone events (chat, meeting, post-meeting, client, metrics, notice, preferences).
 
+OET_REPLAY_RECORD(ChatConversationInfo_s, OET_REPLAY_FIELD(conversation_id),
+                  OET_REPLAY_FIELD(conversation_type), OET_REPLAY_FIELD(member_count),
+                  OET_REPLAY_FIELD(is_external))
+
+OET_REPLAY_RECORD(ChatMessageInfo_s, OET_REPLAY_FIELD(message_id), OET_REPLAY_FIELD(message_type),
+                  OET_REPLAY_FIELD(text_length), OET_REPLAY_FIELD(attachment_count),
+                  OET_REPLAY_FIELD(sequence))
+
+OET_REPLAY_RECORD(
+    ChatComposeInfo_s, OET_REPLAY_FIELD(compose_source), OET_REPLAY_FIELD(has_bold),
+    OET_REPLAY_FIELD(has_italic), OET_REPLAY_FIELD(has_underline), OET_REPLAY_FIELD(has_strikethrough),
+    OET_REPLAY_FIELD(has_font_size), OET_REPLAY_FIELD(has_font_color), OET_REPLAY_FIELD(has_highlight),
+    OET_REPLAY_FIELD(has_bulleted_list), OET_REPLAY_FIELD(has_numbered_list), OET_REPLAY_FIELD(has_quote),
+    OET_REPLAY_FIELD(has_code_block), OET_REPLAY_FIELD(has_inline_code), OET_REPLAY_FIELD(has_link),
+    OET_REPLAY_FIELD(has_mention), OET_REPLAY_FIELD(has_mention_all), OET_REPLAY_FIELD(has_channel_mention),
+    OET_REPLAY_FIELD(has_emoji), OET_REPLAY_FIELD(has_sticker), OET_REPLAY_FIELD(has_gif),
+    OET_REPLAY_FIELD(has_image), OET_REPLAY_FIELD(has_file), OET_REPLAY_FIELD(has_screenshot),
+    OET_REPLAY_FIELD(has_voice_note), OET_REPLAY_FIELD(has_video_message), OET_REPLAY_FIELD(is_reply),
+    OET_REPLAY_FIELD(is_thread_reply), OET_REPLAY_FIELD(is_forwarded), OET_REPLAY_FIELD(is_edited),
+    OET_REPLAY_FIELD(is_scheduled), OET_REPLAY_FIELD(is_encrypted))
+
+OET_REPLAY_RECORD(ChatFileInfo_s, OET_REPLAY_FIELD(file_extension), OET_REPLAY_FIELD(file_size),
+                  OET_REPLAY_FIELD(file_source), OET_REPLAY_FIELD(file_count))
+
+OET_REPLAY_RECORD(ChatEntryInfo_s, OET_REPLAY_FIELD(entry_kind), OET_REPLAY_FIELD(entry_detail),
+                  OET_REPLAY_FIELD(entry_position))
+
+OET_REPLAY_RECORD(ChatItemInfo_s, OET_REPLAY_FIELD(item_type), OET_REPLAY_FIELD(item_id),
+                  OET_REPLAY_FIELD(conversation_id), OET_REPLAY_FIELD(format), OET_REPLAY_FIELD(detail))
+
+OET_REPLAY_RECORD(ChatInteractInfo_s, OET_REPLAY_FIELD(action_type), OET_REPLAY_FIELD(value_a),
+                  OET_REPLAY_FIELD(value_b), OET_REPLAY_FIELD(value_c), OET_REPLAY_FIELD(value_d),
+                  OET_REPLAY_FIELD(value_e), OET_REPLAY_FIELD(value_f), OET_REPLAY_FIELD(text1),
+                  OET_REPLAY_FIELD(text2), OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(number),
+                  OET_REPLAY_FIELD(conversation), OET_REPLAY_FIELD(has_conversation),
+                  OET_REPLAY_FIELD(message), OET_REPLAY_FIELD(compose), OET_REPLAY_FIELD(files),
+                  OET_REPLAY_FIELD(entry), OET_REPLAY_FIELD(items))
+
+OET_REPLAY_RECORD(MeetingInteractInfo_s, OET_REPLAY_FIELD(meeting_value1), OET_REPLAY_FIELD(meeting_value2),
+                  OET_REPLAY_FIELD(meeting_value3), OET_REPLAY_FIELD(meeting_value4),
+                  OET_REPLAY_FIELD(meeting_value5), OET_REPLAY_FIELD(meeting_text),
+                  OET_REPLAY_FIELD(spare_number), OET_REPLAY_FIELD(meeting_detail))
+
+OET_REPLAY_RECORD(PostMeetingInteractInfo_s, OET_REPLAY_FIELD(survey_stage), OET_REPLAY_FIELD(survey_action))
+
+OET_REPLAY_RECORD(OClientInteractInfo_s, OET_REPLAY_FIELD(first_value), OET_REPLAY_FIELD(second_value),
+                  OET_REPLAY_FIELD(third_value), OET_REPLAY_FIELD(action_code), OET_REPLAY_FIELD(fifth_value),
+                  OET_REPLAY_FIELD(sixth_value), OET_REPLAY_FIELD(first_text), OET_REPLAY_FIELD(spare_number),
+                  OET_REPLAY_FIELD(detail), OET_REPLAY_FIELD(product_info), OET_REPLAY_FIELD(product_id))
+
+OET_REPLAY_RECORD(OClientPerfMetricsInfo_s, OET_REPLAY_FIELD(login_event), OET_REPLAY_FIELD(fetch_event),
+                  OET_REPLAY_FIELD(fetch_handler_event), OET_REPLAY_FIELD(heartbeat_event),
+                  OET_REPLAY_FIELD(message_event), OET_REPLAY_FIELD(message_handler_event),
+                  OET_REPLAY_FIELD(platform_event), OET_REPLAY_FIELD(file_event),
+                  OET_REPLAY_FIELD(special_event), OET_REPLAY_FIELD(spare_value), OET_REPLAY_FIELD(text_m1),
+                  OET_REPLAY_FIELD(text_m2), OET_REPLAY_FIELD(count_m3), OET_REPLAY_FIELD(flag_m4),
+                  OET_REPLAY_FIELD(value_m5), OET_REPLAY_FIELD(value_m6), OET_REPLAY_FIELD(value_m7),
+                  OET_REPLAY_FIELD(value_m8), OET_REPLAY_FIELD(flag_m9), OET_REPLAY_FIELD(text_m10),
+                  OET_REPLAY_FIELD(value_m11), OET_REPLAY_FIELD(value_m12), OET_REPLAY_FIELD(count_m13),
+                  OET_REPLAY_FIELD(flag_m14), OET_REPLAY_FIELD(count_m15), OET_REPLAY_FIELD(flag_m16),
+                  OET_REPLAY_FIELD(flag_m17), OET_REPLAY_FIELD(flag_m18), OET_REPLAY_FIELD(count_m19),
+                  OET_REPLAY_FIELD(count_m20), OET_REPLAY_FIELD(text_m21), OET_REPLAY_FIELD(spare_number),
+                  OET_REPLAY_FIELD(body_value_b1), OET_REPLAY_FIELD(body_text_b2),
+                  OET_REPLAY_FIELD(body_value_b3))
+
+OET_REPLAY_RECORD(ONoticeInteractInfo_s, OET_REPLAY_FIELD(first_value), OET_REPLAY_FIELD(second_value),
+                  OET_REPLAY_FIELD(third_value), OET_REPLAY_FIELD(fourth_value),
+                  OET_REPLAY_FIELD(fifth_value), OET_REPLAY_FIELD(sixth_value), OET_REPLAY_FIELD(action_code),
+                  OET_REPLAY_FIELD(first_text), OET_REPLAY_FIELD(spare_number),
+                  OET_REPLAY_FIELD(notice_text1), OET_REPLAY_FIELD(notice_text2),
+                  OET_REPLAY_FIELD(notice_text3), OET_REPLAY_FIELD(notice_number),
+                  OET_REPLAY_FIELD(notice_flag))
+
+OET_REPLAY_RECORD(OPreferencesInteractInfo_s, OET_REPLAY_FIELD(first_value), OET_REPLAY_FIELD(second_value),
+                  OET_REPLAY_FIELD(third_value), OET_REPLAY_FIELD(fourth_value),
+                  OET_REPLAY_FIELD(fifth_value), OET_REPLAY_FIELD(sixth_value), OET_REPLAY_FIELD(first_text),
+                  OET_REPLAY_FIELD(second_text), OET_REPLAY_FIELD(preference_text1),
+                  OET_REPLAY_FIELD(preference_text2), OET_REPLAY_FIELD(preference_text3),
+                  OET_REPLAY_FIELD(preference_text4), OET_REPLAY_FIELD(preference_text5),
+                  OET_REPLAY_FIELD(preference_text6))
+
 // ---- Records of the performance reports and chat-module events.
 
 // ---- Records of the meeting side.
@@ -99,6 +180,15 @@ const std::vector<ExportEntry>& Exports() {
       Export("OrboPTPAAP::TrackingPhoneInteractEvent", &TrackingPhoneInteractEvent, {"tracking", "info"}),
       Export("OrboPTPAAP::TrackingORPhoneInteractEvent", &TrackingORPhoneInteractEvent, {"tracking", "info"}),
       // Standalone events.
+      Export("OrboPTPAAP::TrackingPTChatEvent", &TrackingPTChatEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTChatEventV2", &TrackingPTChatEventV2, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingMeetingInteractEvent", &TrackingMeetingInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPostMeetingEvent", &TrackingPostMeetingEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingClientInteractEvent", &TrackingClientInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPerfMetricsInfo", &TrackingPerfMetricsInfo, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingNoticeInteractEvent", &TrackingNoticeInteractEvent, {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPreferencesInteractEvent", &TrackingPreferencesInteractEvent,
+             {"tracking", "info"}),
       // Performance reports and chat-module events.
       // Meeting side.
   };

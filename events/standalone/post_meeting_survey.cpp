@@ -1,0 +1,40 @@
+// The post-meeting survey event: the survey body (288) alone, from the kept meeting strings and the
+// client context, sent only while a meeting is kept; the meeting texts it reported are emptied after.
+#include "core/client_context.h"
+#include "core/event.h"
+#include "core/host.h"
+#include "core/post_meeting.h"
+#include "core/vocabulary.h"
+#include "oEventTracker/OrboPTPAAP.h"
+
+namespace OrboPTPAAP {
+
+int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
+  return oet::Guarded([&] {
+    auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
+    if (!event) return 0;
+    // One read of the kept strings serves the gate and the report, so that a meeting stored meanwhile
+    // is neither mixed into this report nor cleared by it.
+    const oet::PostMeetingSnapshot kept = oet::SnapshotPostMeetingStrings();
+    if (kept.strings.text3.IsEmpty()) return event->Destroy();
+    auto* body = event->Create<orbo_entity::PostMeetingEntity>();
+    if (body == nullptr) return event->Destroy();
+    body->SetMeetingText1(oet::TextOf(kept.strings.text1));
+    body->SetMeetingText2(oet::TextOf(kept.strings.text2));
+    body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
+    body->SetEventName("post-meeting_survey");
+    body->SetSurveyStage(oet::SurveyStageToString(info.survey_stage));
+    body->SetEmptyTextC("");
+    body->SetEmptyTextB("");
+    body->SetInteraction("survey_interacted");
+    body->SetLocation("main_meeting_toolbar");
+    body->SetSurveyAction(oet::SurveyActionToString(info.survey_action));
+    body->SetEmptyTextA("");
+    event->AttachBody(body);
+    event->Submit(oet::kStandaloneCodes);
+    oet::ClearReportedPostMeetingStrings(kept.generation);
+    return 1;
+  });
+}
+
+}  // namespace OrboPTPAAP

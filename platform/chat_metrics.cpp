@@ -1,0 +1,79 @@
+#include "platform/chat_metrics.h"
+
+#include <cstddef>
+
+namespace {
+
+// The word at `value` in `words` (whose entry 0 is ""), or "" outside the table.
+template <class E, size_t N>
+std::string WordOf(E value, const char* const (&words)[N]) {
+  const auto index = static_cast<int32_t>(value);
+  return index > 0 && static_cast<size_t>(index) < N ? words[index] : "";
+}
+
+constexpr const char* kFetchEventWords[] = {"",
+                                            "fetch_contacts",
+                                            "fetch_sessions",
+                                            "fetch_history",
+                                            "fetch_channels",
+                                            "fetch_unread_counts",
+                                            "fetch_presence"};
+constexpr const char* kFetchHandlerEventWords[] = {"", "fetch_handler_parse", "fetch_handler_store",
+                                                   "fetch_handler_notify", "fetch_handler_timeout"};
+constexpr const char* kFileEventWords[] = {
+    "", "file_upload", "file_download", "file_preview", "file_upload_failed", "file_download_failed"};
+constexpr const char* kHeartBeatEventWords[] = {"", "heartbeat_sent", "heartbeat_timeout",
+                                                "network_disconnect", "network_reconnect"};
+constexpr const char* kLoginEventWords[] = {"",        "login_start", "login_success", "login_failed",
+                                            "relogin", "signoff"};
+constexpr const char* kMessageEventWords[] = {"",
+                                              "message_send",
+                                              "message_receive",
+                                              "message_send_failed",
+                                              "message_render",
+                                              "message_edit",
+                                              "message_delete"};
+constexpr const char* kMessageHandlerEventWords[] = {"", "message_handler_queue", "message_handler_decode",
+                                                     "message_handler_store", "message_handler_notify"};
+constexpr const char* kPlatformEventWords[] = {
+    "", "app_launch", "app_foreground", "app_background", "webview_load", "webview_error", "memory_warning"};
+constexpr const char* kSpecialEventWords[] = {"", "tp_on_tracking", "tp_on_data_indicate", "tp_on_connect",
+                                              "tp_on_disconnect"};
+
+}  // namespace
+
+std::string MetricsFetchEventToString(MetricsFetchEvent value) {
+  return WordOf(value, kFetchEventWords);
+}
+
+std::string MetricsFetchHandlerEventToString(MetricsFetchHandlerEvent value) {
+  return WordOf(value, kFetchHandlerEventWords);
+}
+
+std::string MetricsFileEventToString(MetricsFileEvent value) {
+  return WordOf(value, kFileEventWords);
+}
+
+std::string MetricsHeartBeatEventToString(MetricsHeartBeatEvent value) {
+  return WordOf(value, kHeartBeatEventWords);
+}
+
+std::string MetricsLoginEventToString(MetricsLoginEvent value) {
+  return WordOf(value, kLoginEventWords);
+}
+
+std::string MetricsMessageEventToString(MetricsMessageEvent value) {
+  return WordOf(value, kMessageEventWords);
+}
+
+std::string MetricsMessageHandlerEventToString(MetricsMessageHandlerEvent value) {
+  return WordOf(value, kMessageHandlerEventWords);
+}
+
+std::string MetricsPlatformEventToString(MetricsPlatformEvent value) {
+  return WordOf(value, kPlatformEventWords);
+}
+
+std::string MetricsSpecialEventToString(MetricsSpecialEvent value) {
+  return WordOf(value, kSpecialEventWords);
+}
