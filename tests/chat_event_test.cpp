@@ -148,48 +148,22 @@ TEST_F(ChatEvent, EmptyTextsAndZeroNumberClearWhileText3IsSet) {
   EXPECT_EQ(OnlyEvent().Ops(118), "17=0|22=185|2=0|15=0|7=0|24=|20=0|5=0|8~|12~|10~");
 }
 
-struct Step {
-  int32_t action_type;
-  int64_t at_ms;
-  int result;
-};
+using ChatBurst = oet_test::Burst<int32_t>;
 
-struct Burst {
-  const char* name;
-  std::vector<Step> steps;
-};
+class ChatLimit : public ChatEvent, public ::testing::WithParamInterface<ChatBurst> {};
 
-void PrintTo(const Burst& b, std::ostream* os) {
-  *os << b.name;
-}
-
-class ChatLimit : public ChatEvent, public ::testing::WithParamInterface<Burst> {};
-
-// A dropped call returns 0 having done nothing: no host call and not even the client-context cache's
-// creation (which would ask the web service to fill it).
 TEST_P(ChatLimit, DropsRepeatsWithinOneSecondBeforeAnythingElse) {
-  for (size_t i = 0; i < GetParam().steps.size(); ++i) {
-    const Step& step = GetParam().steps[i];
-    oet::ResetClientContextForTesting();
-    const size_t calls = host_.Log().size();
-    const int fills = host_.web_service().CallCount(97);
-    window_.At(step.at_ms);
-    EXPECT_EQ(Chat(step.action_type), step.result) << "step " << i;
-    if (step.result == 0) {
-      EXPECT_EQ(host_.Log().size(), calls) << "step " << i;
-      EXPECT_EQ(host_.web_service().CallCount(97), fills) << "step " << i;
-    }
-  }
+  oet_test::RunBurst(host_, window_, GetParam(), [this](int32_t action_type) { return Chat(action_type); });
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Bursts, ChatLimit,
-    ::testing::Values(Burst{"At999DroppedAt1000Sent", {{174, 0, 1}, {174, 999, 0}, {174, 1000, 1}}},
-                      Burst{"DropDoesNotMoveTheWindow",
-                            {{185, 0, 1}, {185, 900, 0}, {185, 1000, 1}, {185, 1999, 0}}},
-                      Burst{"ClockMovedBackDropped", {{174, 5000, 1}, {174, 4000, 0}, {174, 6000, 1}}},
-                      Burst{"TypesIndependent", {{174, 0, 1}, {185, 0, 1}, {174, 1, 0}, {185, 1, 0}}},
-                      Burst{"OtherTypesNeverDropped", {{173, 0, 1}, {173, 0, 1}, {186, 0, 1}, {-174, 0, 1}}}),
+    ::testing::Values(
+        ChatBurst{"At999DroppedAt1000Sent", {{174, 0, 1}, {174, 999, 0}, {174, 1000, 1}}},
+        ChatBurst{"DropDoesNotMoveTheWindow", {{185, 0, 1}, {185, 900, 0}, {185, 1000, 1}, {185, 1999, 0}}},
+        ChatBurst{"ClockMovedBackDropped", {{174, 5000, 1}, {174, 4000, 0}, {174, 6000, 1}}},
+        ChatBurst{"TypesIndependent", {{174, 0, 1}, {185, 0, 1}, {174, 1, 0}, {185, 1, 0}}},
+        ChatBurst{"OtherTypesNeverDropped", {{173, 0, 1}, {173, 0, 1}, {186, 0, 1}, {-174, 0, 1}}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ChatEvent, AcceptedCallThatFailsForWantOfAServiceStillCounts) {

@@ -123,50 +123,30 @@ Record Named(const std::string& word) {
   return r;
 }
 
-struct Step {
-  const char* word;
-  int64_t at_ms;
-  int result;
-};
+using NameBurst = oet_test::Burst<const char*>;
 
-struct Burst {
-  const char* name;
-  std::vector<Step> steps;
-};
-
-void PrintTo(const Burst& b, std::ostream* os) {
-  *os << b.name;
-}
-
-class NoisyNames : public PerfMetrics, public ::testing::WithParamInterface<Burst> {};
+class NoisyNames : public PerfMetrics, public ::testing::WithParamInterface<NameBurst> {};
 
 TEST_P(NoisyNames, AreSentAtMostOnceASecondEach) {
-  for (size_t i = 0; i < GetParam().steps.size(); ++i) {
-    const Step& step = GetParam().steps[i];
-    const size_t calls = host_.Log().size();
-    window_.At(step.at_ms);
-    EXPECT_EQ(Report(Named(step.word)), step.result) << "step " << i;
-    if (step.result == 0) {
-      EXPECT_EQ(host_.Log().size(), calls) << "step " << i;
-    }
-  }
+  oet_test::RunBurst(host_, window_, GetParam(), [](const char* word) { return Report(Named(word)); });
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Bursts, NoisyNames,
-    ::testing::Values(
-        Burst{"Signoff500Dropped", {{"signoff", 0, 1}, {"signoff", 500, 0}, {"signoff", 1000, 1}}},
-        Burst{"NamesIndependent",
-              {{"signoff", 0, 1},
-               {"webview_error", 0, 1},
-               {"network_disconnect", 0, 1},
-               {"tp_on_tracking", 0, 1},
-               {"tp_on_data_indicate", 0, 1},
-               {"tp_on_tracking", 999, 0},
-               {"network_disconnect", 999, 0}}},
-        Burst{"ClockMovedBackDropped", {{"tp_on_data_indicate", 5000, 1}, {"tp_on_data_indicate", 4000, 0}}},
-        Burst{"QuietNamesNeverDropped",
-              {{"login_start", 0, 1}, {"login_start", 0, 1}, {"", 0, 1}, {"", 0, 1}}}),
+    ::testing::Values(NameBurst{"Signoff500Dropped",
+                                {{"signoff", 0, 1}, {"signoff", 500, 0}, {"signoff", 1000, 1}}},
+                      NameBurst{"NamesIndependent",
+                                {{"signoff", 0, 1},
+                                 {"webview_error", 0, 1},
+                                 {"network_disconnect", 0, 1},
+                                 {"tp_on_tracking", 0, 1},
+                                 {"tp_on_data_indicate", 0, 1},
+                                 {"tp_on_tracking", 999, 0},
+                                 {"network_disconnect", 999, 0}}},
+                      NameBurst{"ClockMovedBackDropped",
+                                {{"tp_on_data_indicate", 5000, 1}, {"tp_on_data_indicate", 4000, 0}}},
+                      NameBurst{"QuietNamesNeverDropped",
+                                {{"login_start", 0, 1}, {"login_start", 0, 1}, {"", 0, 1}, {"", 0, 1}}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(PerfMetrics, AcceptedReportThatFailsForWantOfAServiceStillCounts) {

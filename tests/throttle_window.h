@@ -3,9 +3,15 @@
 // stored by an earlier case can drop a later case's calls.
 #pragma once
 
-#include <cstdint>
+#include <gtest/gtest.h>
 
+#include <cstdint>
+#include <ostream>
+#include <vector>
+
+#include "core/client_context.h"
 #include "platform/kst_time.h"
+#include "testing/recording_host.h"
 
 namespace oet_test {
 
@@ -25,5 +31,45 @@ class ThrottleWindow {
   }
   int64_t start_ms_;
 };
+
+// A run of calls of one throttled event: each step's key (what the limit goes by), its time in the
+// window and the result it must give.
+template <class Key>
+struct BurstStep {
+  Key key;
+  int64_t at_ms;
+  int result;
+};
+
+template <class Key>
+struct Burst {
+  const char* name;
+  std::vector<BurstStep<Key>> steps;
+};
+
+template <class Key>
+void PrintTo(const Burst<Key>& burst, std::ostream* os) {
+  *os << burst.name;
+}
+
+// Makes each step's call (`call(key)`) at its time from an uncreated client-context cache. A dropped
+// call must have done nothing: no host call, and not even the cache's creation (which would ask the
+// web service to fill it).
+template <class Key, class Call>
+void RunBurst(oet_testing::RecordingHost& host, const ThrottleWindow& window, const Burst<Key>& burst,
+              Call call) {
+  for (size_t i = 0; i < burst.steps.size(); ++i) {
+    const BurstStep<Key>& step = burst.steps[i];
+    oet::ResetClientContextForTesting();
+    const size_t calls = host.Log().size();
+    const int fills = host.web_service().CallCount(97);
+    window.At(step.at_ms);
+    EXPECT_EQ(call(step.key), step.result) << "step " << i;
+    if (step.result == 0) {
+      EXPECT_EQ(host.Log().size(), calls) << "step " << i;
+      EXPECT_EQ(host.web_service().CallCount(97), fills) << "step " << i;
+    }
+  }
+}
 
 }  // namespace oet_test

@@ -1,6 +1,7 @@
-// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp so that a
-// slip in either place fails a row. Every listed value must give its word, and the gaps, 0, -1, the values
-// just past either end and the int32 extremes must give the empty string.
+// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp (and of the
+// platform stand-in's chat-metrics words) so that a slip in either place fails a row. Every listed value must
+// give its word, and the gaps, 0, -1, the values just past either end and the int32 extremes must give the
+// empty string.
 #include "core/vocabulary.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,8 @@
 #include <set>
 #include <string>
 #include <vector>
+
+#include "platform/chat_metrics.h"
 
 namespace {
 
@@ -26,6 +29,12 @@ struct Table {
   // The words from `first` on with '|' between them; an empty field is a value without a word.
   const char* words;
 };
+
+// The host's word function of a chat-metrics enumeration, on the enumeration's integer.
+template <class E, std::string (*F)(E)>
+std::string HostWord(int32_t value) {
+  return F(static_cast<E>(value));
+}
 
 const std::vector<Table>& Tables() {
   static const std::vector<Table> tables = {
