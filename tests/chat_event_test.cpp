@@ -1,12 +1,12 @@
 // The chat event: which optional parts join its context list at the edges of every rule, the body's
-// order and clear rules, the compose flags' operations, and the one-second limit of the action types
-// 174 and 185 (checked before anything else is done).
+// order, the compose flags' operations, and the one-second limit of the action types 174 and 185
+// (checked before anything else is done; two threads racing on one key: tests/rate_limit_test.cpp).
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <algorithm>
 #include <limits>
 #include <string>
-#include <thread>
+#include <utility>
 #include <vector>
 
 #include "oEventTracker/OrboPTPAAP.h"
@@ -65,28 +65,8 @@ constexpr int32_t kMin = std::numeric_limits<int32_t>::min();
 const Types kBase{130, 121, 128};
 
 INSTANTIATE_TEST_SUITE_P(
-    Parts, ChatList,
+    Markers, ChatList,
     ::testing::Values(ListCase{"Defaults", 0, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Compose10", 10, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose11", 11, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose12", 12, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose19", 19, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose21", 21, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose22", 22, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Compose28", 28, 0, kNo, kNoEntry, 0, {130, 121, 128, 127}},
-                      ListCase{"Action9", 9, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Action13", 13, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Action20", 20, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Action29", 29, 0, kNo, kNoEntry, 0, kBase},
-                      // 42 and -22 have the low five bits of 10: a shifted mask would take them for 10.
-                      ListCase{"Action42", 42, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"ActionMinus22", -22, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Files145", 145, 0, kNo, kNoEntry, 0, {130, 121, 128, 129}},
-                      ListCase{"Files153", 153, 0, kNo, kNoEntry, 0, {130, 121, 128, 129}},
-                      ListCase{"Action144", 144, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"Action154", 154, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"ActionMinus1", -1, 0, kNo, kNoEntry, 0, kBase},
-                      ListCase{"ActionMin", kMin, 0, kNo, kNoEntry, 0, kBase},
                       ListCase{"ConversationMinus1", 0, -1, kNo, kNoEntry, 0, {130, 121, 128, 115}},
                       ListCase{"MessageSequence0", 0, 0, 0, kNoEntry, 0, {130, 121, 128, 126}},
                       ListCase{"MessageSequenceAllButOne", 0, 0, kNo - 1, kNoEntry, 0, {130, 121, 128, 126}},
@@ -97,6 +77,28 @@ INSTANTIATE_TEST_SUITE_P(
                           "EveryPartCompose", 11, 1, 7, 1, 2, {130, 121, 128, 115, 126, 127, 112, 125, 125}},
                       ListCase{"EveryPartFiles", 150, 1, 7, 1, 1, {130, 121, 128, 115, 126, 129, 112, 125}}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// Action types at the edges of the compose rule (127: 10, 11, 12, 19, 21, 22, 28) and the file rule
+// (129: 145 to 153). 42 and -22 share the low five bits of 10: a shifted bit mask would take them for 10.
+class ChatActionParts : public ChatEvent,
+                        public ::testing::WithParamInterface<std::pair<int32_t, int32_t>> {};
+
+TEST_P(ChatActionParts, AddTheComposeOrFilePartOnlyForTheirTypes) {
+  EXPECT_EQ(Chat(GetParam().first), 1);
+  Types expected = kBase;
+  if (GetParam().second != 0) expected.push_back(GetParam().second);
+  EXPECT_EQ(OnlyEvent().ContextTypes(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(ActionTypes, ChatActionParts,
+                         ::testing::Values(std::pair{10, 127}, std::pair{11, 127}, std::pair{12, 127},
+                                           std::pair{19, 127}, std::pair{21, 127}, std::pair{22, 127},
+                                           std::pair{28, 127}, std::pair{9, 0}, std::pair{13, 0},
+                                           std::pair{20, 0}, std::pair{29, 0}, std::pair{42, 0},
+                                           std::pair{-22, 0}, std::pair{-1, 0}, std::pair{kMin, 0},
+                                           std::pair{145, 129}, std::pair{153, 129}, std::pair{144, 0},
+                                           std::pair{154, 0}),
+                         [](const auto& info) { return "Type" + oet_test::NameOf(info.param.first); });
 
 TEST_F(ChatEvent, ListIsAttachedEvenWhenTheHostGivesNoneOfItsEntities) {
   for (const int32_t type : {130, 121, 128, 115, 126, 127, 129, 112, 125, 118})
@@ -113,39 +115,24 @@ TEST_F(ChatEvent, ListIsAttachedEvenWhenTheHostGivesNoneOfItsEntities) {
   EXPECT_EQ(calls.back(), "SubmitEvent 3 1 params=0");
 }
 
-TEST_F(ChatEvent, FillsEveryPartAndTheBodyInOrder) {
+TEST_F(ChatEvent, FillsTheBodyComposeFlagsAndItemsInOrder) {
   ChatInteractInfo_s info;
   info.action_type = 11;
   info.value_a = 1, info.value_b = 2, info.value_c = 3, info.value_d = 4, info.value_e = 5, info.value_f = 6;
   info.text1 = Kst::CStringT<wchar_t>(L"a\0b", 3);  // cut at the NUL
   info.text2 = L"\u00fc";
   info.number = -9;
-  info.has_conversation = 1;
-  info.conversation = {L"c-1", 2, 5, 9};
-  info.message = {L"", 3, 12, 1, 77};
   info.compose.compose_source = L"box";
   info.compose.has_bold = 1, info.compose.has_link = -1, info.compose.is_encrypted = 7;
-  info.entry = {0, L"", 3};
   info.items = {{L"t1", L"i1", L"", L"f", L"d"}, {L"t2", L"i2", L"c", L"", L""}};
   EXPECT_EQ(Chat(info), 1);
   const oet_test::EventView event = OnlyEvent();
   EXPECT_EQ(event.Ops(118), "17=5|22=11|2=1|15=4|7=2|24=|20=6|5=3|9=a|13=\u00fc|11=-9");
-  EXPECT_EQ(event.Ops(115), "2=c-1|3=2|4=5|5=true");
-  EXPECT_EQ(event.Ops(126), "1~|3=3|4=12|5=1|6=77");
-  EXPECT_EQ(event.Ops(112), "1=0|2~|4=3");
   EXPECT_EQ(event.Ops(125), "2=t1|4=i1|5~|8=f|10=d|2=t2|4=i2|6=c|7~|9~");
   std::string compose = "1=box";
   for (int op = 2; op <= 31; ++op)
     compose += "|" + std::to_string(op) + (op == 2 || op == 14 || op == 31 ? "=true" : "=false");
   EXPECT_EQ(event.Ops(127), compose);  // has_bold on 2, has_link on 14, is_encrypted on 31
-}
-
-TEST_F(ChatEvent, EmptyTextsAndZeroNumberClearWhileText3IsSet) {
-  ChatInteractInfo_s info;
-  info.action_type = 185;
-  info.files.file_size = 1;
-  EXPECT_EQ(Chat(info), 1);
-  EXPECT_EQ(OnlyEvent().Ops(118), "17=0|22=185|2=0|15=0|7=0|24=|20=0|5=0|8~|12~|10~");
 }
 
 using ChatBurst = oet_test::Burst<int32_t>;
@@ -175,33 +162,6 @@ TEST_F(ChatEvent, AcceptedCallThatFailsForWantOfAServiceStillCounts) {
   EXPECT_TRUE(host_.Log().empty());
   window_.At(1000);
   EXPECT_EQ(Chat(174), 1);
-}
-
-TEST_F(ChatEvent, V2SendsTheSameEvent) {
-  ChatInteractInfo_s info;
-  info.action_type = 145;
-  EXPECT_EQ(OrboPTPAAP::TrackingPTChatEventV2({"p", "s"}, info), 1);
-  EXPECT_EQ(OnlyEvent().ContextTypes(), (Types{130, 121, 128, 129}));
-}
-
-// Threads racing on one limited type at one instant: exactly one call goes out (run under
-// ThreadSanitizer by the tsan leg).
-TEST_F(ChatEvent, ThreadsRacingOnOneLimitedTypeSendOne) {
-  std::atomic<bool> go{false};
-  std::atomic<int> sent{0};
-  std::vector<std::thread> threads;
-  for (int t = 0; t < 4; ++t) {
-    threads.emplace_back([&] {
-      while (!go.load()) {
-      }
-      sent += Chat(185);
-    });
-  }
-  go = true;
-  for (auto& thread : threads)
-    thread.join();
-  EXPECT_EQ(sent.load(), 1);
-  EXPECT_EQ(host_.TakeEvents().size(), 1u);
 }
 
 }  // namespace

@@ -54,14 +54,6 @@ TEST_P(EventName, ComesFromTheFirstCategorySetInNameOrder) {
 INSTANTIATE_TEST_SUITE_P(Categories, EventName, ::testing::Range<size_t>(0, std::size(kCategories)),
                          [](const auto& info) { return std::string(kCategories[info.param].word1); });
 
-TEST_F(PerfMetrics, NothingSetGivesTheEmptyNameAndStillSends) {
-  EXPECT_EQ(Report({}), 1);
-  const oet_test::EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (std::vector<int32_t>{41, 50, 133}));
-  EXPECT_EQ(event.Ops(134), "24=|15=0|10=|14=0");
-  EXPECT_EQ(Report({}), 1);  // never limited
-}
-
 struct Presence {
   const char* name;
   void (*set)(Record&);
@@ -148,16 +140,5 @@ INSTANTIATE_TEST_SUITE_P(
                       NameBurst{"QuietNamesNeverDropped",
                                 {{"login_start", 0, 1}, {"login_start", 0, 1}, {"", 0, 1}, {"", 0, 1}}}),
     [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(PerfMetrics, AcceptedReportThatFailsForWantOfAServiceStillCounts) {
-  host_.SetTelemetryPresent(false);
-  EXPECT_EQ(Report(Named("webview_error")), 0);
-  host_.SetTelemetryPresent(true);
-  window_.At(999);
-  EXPECT_EQ(Report(Named("webview_error")), 0);
-  EXPECT_TRUE(host_.Log().empty());
-  window_.At(1000);
-  EXPECT_EQ(Report(Named("webview_error")), 1);
-}
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The meeting event's two gates, the post-meeting survey and its kept meeting strings (a store racing a
-// report included), the client and notice events with their action class, and the preferences event.
+// report included), the client and notice events' action class and null entries, and the preferences
+// event without context entities. Every field of these events: tests/golden/standalone_events.jsonl.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -113,25 +114,15 @@ class PostMeeting : public oet_test::RecordedEventTest {
   static int Survey(int32_t stage, int32_t action) { return TrackingPostMeetingEvent({stage, action}); }
 };
 
-TEST_F(PostMeeting, NothingKeptDestroysTheEvent) {
-  EXPECT_EQ(Survey(1, 1), 0);
-  EXPECT_EQ(oet_testing::Describe(host_.Log()),
-            (std::vector<std::string>{"CreateEvent -> event 1", "DestroyEvent 1"}));
-}
-
+// (The event's fields in full: tests/golden/standalone_events.jsonl.)
 TEST_F(PostMeeting, ReportsTheKeptMeetingThenItsTitleOnly) {
+  EXPECT_EQ(Survey(1, 1), 0);  // nothing kept yet
   Store("1");
   EXPECT_EQ(Survey(1, 4), 1);
-  oet_test::EventView first = OnlyEvent();
-  EXPECT_EQ(first.ContextTypes(), Types{});
-  EXPECT_EQ(first.Ops(288),
-            "3=a1|5=b1|2=ws-value|1=post-meeting_survey|15=survey_shown|17=|11=|12=survey_interacted"
-            "|6=main_meeting_toolbar|18=thumbs_up|9=");
+  EXPECT_EQ(host_.TakeEvents().size(), 2u);
   EXPECT_EQ(Kept(), ",,t1,");
   EXPECT_EQ(Survey(7, 0), 1);
-  EXPECT_EQ(OnlyEvent().Ops(288),
-            "3=|5=|2=ws-value|1=post-meeting_survey|15=|17=|11=|12=survey_interacted|6=main_meeting_toolbar|"
-            "18=|9=");
+  EXPECT_EQ(OnlyEvent().Ops(288).substr(0, 6), "3=|5=|");
 }
 
 TEST_F(PostMeeting, FailedReportKeepsTheStrings) {
@@ -208,25 +199,6 @@ class ClientEvents : public oet_test::RecordedEventTest {
   }
 };
 
-TEST_F(ClientEvents, ClientFillsItsFiveContextEntitiesAndBody) {
-  host_.web_service().SetShortKey("prod-1", "0123456789abcdefXYZ");
-  EXPECT_EQ(TrackingClientInteractEvent({"p", "s"}, Client(94)), 1);
-  const oet_test::EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{170, 159, 169, 161, 171}));
-  EXPECT_EQ(event.Ops(170), "TrackingValues.2=p|TrackingValues.1=s");
-  EXPECT_EQ(event.Ops(161), "MeetingIdentityFields.2=18446744073709551615|MeetingIdentityFields.1=acme");
-  EXPECT_EQ(event.Ops(171), "ProductStringFields.1=0123456789abcdef|ProductStringFields.5=1");
-  EXPECT_EQ(event.Ops(157), "12=client|7=3|2=94|5=5|15=1|17=6|11=detail|9=text|InteractionClassFields.15=1");
-}
-
-TEST_F(ClientEvents, NoticeFillsItsFourContextEntitiesAndBody) {
-  EXPECT_EQ(TrackingNoticeInteractEvent({"p", "s"}, Notice(93)), 1);
-  const oet_test::EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{170, 159, 169, 165}));
-  EXPECT_EQ(event.Ops(165), "8=n1|4=n3|2=|10=12|6=true");
-  EXPECT_EQ(event.Ops(157), "12=client|7=1|20=2|2=93|5=4|15=5|17=6|8~|InteractionClassFields.15=3");
-}
-
 TEST_F(ClientEvents, NullContextEntitiesKeepTheirPlaces) {
   for (const int32_t type : {170, 159, 169, 161, 171, 165})
     host_.SetCreateEntityFails(type, true);
@@ -257,20 +229,14 @@ INSTANTIATE_TEST_SUITE_P(Codes, ActionClass, ::testing::Combine(::testing::Range
 
 // ---- Preferences.
 
-TEST_F(PreferencesEvent, SetsEveryPreferenceTextAndClearsEmptyBodyTexts) {
-  const OPreferencesInteractInfo_s info{1, 2, 3, 4, 5, 6, "", "", "p1", "p2", "", "p4", "p5", "p6"};
-  EXPECT_EQ(TrackingPreferencesInteractEvent({}, info), 1);
-  const oet_test::EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{170, 159, 169, 158}));
-  EXPECT_EQ(event.Ops(158), "2=p1|4=p2|6=|3=p4|5=p5|1=p6");
-  EXPECT_EQ(event.Ops(157), "13=1|7=2|2=6|5=3|15=4|17=5|8~|10~");
+TEST_F(PreferencesEvent, WithoutContextEntitiesAttachesTheBodyAlone) {
   for (const int32_t type : {170, 159, 169, 158})
     host_.SetCreateEntityFails(type, true);
-  EXPECT_EQ(TrackingPreferencesInteractEvent({}, info), 1);
+  EXPECT_EQ(TrackingPreferencesInteractEvent({}, {}), 1);
   const auto calls = oet_testing::Describe(host_.Log());
   EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
                           [](const std::string& c) { return c.rfind("Attach", 0) == 0; }),
-            1);  // the body alone
+            1);
 }
 
 }  // namespace
