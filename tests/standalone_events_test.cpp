@@ -151,16 +151,22 @@ TEST_F(PostMeeting, StoreDuringAReportIsKeptWhole) {
 // Stores racing reports on other threads (run under ThreadSanitizer by the tsan leg): every report
 // carries one meeting's strings or none, and a meeting whose strings were cleared was reported.
 TEST_F(PostMeeting, ThreadsStoringWhileOthersReport) {
-  constexpr int kStores = 200;
+  constexpr int kStores = 100;
   std::atomic<bool> storing{true};
+  std::atomic<int> reporting{0};
   std::thread store([&] {
-    for (int n = 1; n <= kStores; ++n)
+    while (reporting.load() < 2) {
+    }
+    for (int n = 1; n <= kStores; ++n) {
       Store(std::to_string(n).c_str());
+      std::this_thread::yield();
+    }
     storing = false;
   });
   std::vector<std::thread> reports;
   for (int t = 0; t < 2; ++t) {
     reports.emplace_back([&] {
+      ++reporting;
       while (storing.load())
         Survey(2, 1);
     });
