@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(RateLimitTable, KeysOutsideTheTableNeverReadTheClock) {
   // A clock at the earliest time would poison a key's state; an unknown key must not even look at it.
-  static oet::RateLimitTable<std::string_view, 2> table("signoff", "webview_error");
+  oet::RateLimitTable<std::string_view, 2> table("signoff", "webview_error");
   KstHost::SetClock(Kst::Time::FromUnixMilliseconds(kStart));
   EXPECT_TRUE(table.Admit("signoff"));
   EXPECT_TRUE(table.Admit("sign_off"));
