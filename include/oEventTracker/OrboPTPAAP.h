@@ -20,3 +20,5 @@
 // ---- Standalone events: chat, meeting, client, performance metrics, notice, preferences.
 
 // ---- Performance reports and chat-module events.
+#include "oEventTracker/OrboPTPAAP/apm_reports.h"
+#include "oEventTracker/OrboPTPAAP/chat_module.h"
