@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "core/event.h"
+#include "core/host.h"
 #include "platform/entities.h"
 
 namespace oet {
@@ -73,6 +74,32 @@ int TrackApmBodyReport(ApmReportCode code, ApmDevice device, Fill&& fill) {
     list.Add(body);
     return true;
   });
+}
+
+// Sets the first N texts of a record (text1, text2, ...) on the body operations named after them
+// (SetText1, SetText2, ...), in that order, each only when it is not empty.
+template <int N, class Body, class Record>
+void SetTextsInOrder(Body& body, const Record& info) {
+  static_assert(N >= 1 && N <= 19, "the reports carry 1 to 19 texts");
+  SetUnlessEmpty(&body, &Body::SetText1, info.text1);
+  if constexpr (N >= 2) SetUnlessEmpty(&body, &Body::SetText2, info.text2);
+  if constexpr (N >= 3) SetUnlessEmpty(&body, &Body::SetText3, info.text3);
+  if constexpr (N >= 4) SetUnlessEmpty(&body, &Body::SetText4, info.text4);
+  if constexpr (N >= 5) SetUnlessEmpty(&body, &Body::SetText5, info.text5);
+  if constexpr (N >= 6) SetUnlessEmpty(&body, &Body::SetText6, info.text6);
+  if constexpr (N >= 7) SetUnlessEmpty(&body, &Body::SetText7, info.text7);
+  if constexpr (N >= 8) SetUnlessEmpty(&body, &Body::SetText8, info.text8);
+  if constexpr (N >= 9) SetUnlessEmpty(&body, &Body::SetText9, info.text9);
+  if constexpr (N >= 10) SetUnlessEmpty(&body, &Body::SetText10, info.text10);
+  if constexpr (N >= 11) SetUnlessEmpty(&body, &Body::SetText11, info.text11);
+  if constexpr (N >= 12) SetUnlessEmpty(&body, &Body::SetText12, info.text12);
+  if constexpr (N >= 13) SetUnlessEmpty(&body, &Body::SetText13, info.text13);
+  if constexpr (N >= 14) SetUnlessEmpty(&body, &Body::SetText14, info.text14);
+  if constexpr (N >= 15) SetUnlessEmpty(&body, &Body::SetText15, info.text15);
+  if constexpr (N >= 16) SetUnlessEmpty(&body, &Body::SetText16, info.text16);
+  if constexpr (N >= 17) SetUnlessEmpty(&body, &Body::SetText17, info.text17);
+  if constexpr (N >= 18) SetUnlessEmpty(&body, &Body::SetText18, info.text18);
+  if constexpr (N >= 19) SetUnlessEmpty(&body, &Body::SetText19, info.text19);
 }
 
 }  // namespace oet

@@ -26,35 +26,23 @@ int TrackingApmIOSLaunchEvent(const OApmIOSLaunchInfo_s& info) {
 }
 
 int TrackingApmMacLaunchEvent(const OApmMacLaunchInfo_s& info) {
-  return TrackApmBodyReport<ApmMacLaunchEntity>(
-      oet::kMacLaunchReport, ApmDevice::kWith,
-      [&](ApmMacLaunchEntity& body) { SetUnlessEmpty(&body, &ApmMacLaunchEntity::SetText1, info.text1); });
+  return TrackApmBodyReport<ApmMacLaunchEntity>(oet::kMacLaunchReport, ApmDevice::kWith,
+                                                [&](auto& body) { oet::SetTextsInOrder<1>(body, info); });
 }
 
 int TrackingApmMacRuntimeEvent(const OApmMacRuntimeInfo_s& info) {
-  return TrackApmBodyReport<ApmMacRuntimeEntity>(
-      oet::kMacRuntimeReport, ApmDevice::kWith, [&](ApmMacRuntimeEntity& body) {
-        SetUnlessEmpty(&body, &ApmMacRuntimeEntity::SetText1, info.text1);
-        SetUnlessEmpty(&body, &ApmMacRuntimeEntity::SetText2, info.text2);
-      });
+  return TrackApmBodyReport<ApmMacRuntimeEntity>(oet::kMacRuntimeReport, ApmDevice::kWith,
+                                                 [&](auto& body) { oet::SetTextsInOrder<2>(body, info); });
 }
 
 int TrackingApmMacFreezeEvent(const OApmMacFreezeInfo_s& info) {
-  return TrackApmBodyReport<ApmMacFreezeEntity>(
-      oet::kMacFreezeReport, ApmDevice::kWith,
-      [&](ApmMacFreezeEntity& body) { SetUnlessEmpty(&body, &ApmMacFreezeEntity::SetText1, info.text1); });
+  return TrackApmBodyReport<ApmMacFreezeEntity>(oet::kMacFreezeReport, ApmDevice::kWith,
+                                                [&](auto& body) { oet::SetTextsInOrder<1>(body, info); });
 }
 
 int TrackingApmAndroidLaunchEvent(const OApmAndroidLaunchInfo_s& info) {
-  return TrackApmBodyReport<ApmAndroidLaunchEntity>(
-      oet::kAndroidLaunchReport, ApmDevice::kWith, [&](ApmAndroidLaunchEntity& body) {
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText1, info.text1);
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText2, info.text2);
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText3, info.text3);
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText4, info.text4);
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText5, info.text5);
-        SetUnlessEmpty(&body, &ApmAndroidLaunchEntity::SetText6, info.text6);
-      });
+  return TrackApmBodyReport<ApmAndroidLaunchEntity>(oet::kAndroidLaunchReport, ApmDevice::kWith,
+                                                    [&](auto& body) { oet::SetTextsInOrder<6>(body, info); });
 }
 
 }  // namespace OrboPTPAAP
