@@ -60,11 +60,14 @@ void FillTrackingValues(orbo_entity::TrackingValues& values, const OrboPTPAAP::P
 }
 
 void FillDeviceContext(orbo_entity::DeviceInfo& device) {
-  const ClientFactsView facts = RefreshedClientFacts();
-  device.SetWebServiceValue(facts->web_service_value.utf8);
-  device.SetDeviceProduct(facts->system_product_name.utf8);
-  device.SetOsName(facts->os_name.utf8);
-  device.SetOsVersion(facts->os_version.utf8);
+  FillDeviceContext(device, *RefreshedClientFacts());
+}
+
+void FillDeviceContext(orbo_entity::DeviceInfo& device, const ClientFacts& facts) {
+  device.SetWebServiceValue(facts.web_service_value.utf8);
+  device.SetDeviceProduct(facts.system_product_name.utf8);
+  device.SetOsName(facts.os_name.utf8);
+  device.SetOsVersion(facts.os_version.utf8);
 }
 
 }  // namespace oet

@@ -9,6 +9,8 @@
 
 namespace oet {
 
+struct ClientFacts;
+
 // The client entity (283), filled from a refreshed copy of the client-context cache and the client
 // version. Null, with nothing created, when either service is missing; null when the host gives no
 // entity.
@@ -30,5 +32,7 @@ void FillTrackingValues(orbo_entity::TrackingValues& values, const OrboPTPAAP::P
 // Fills a DeviceInfo interface from a refreshed copy of the client-context cache, in the order web-service
 // value, device product, os name, os version; every field is set, empty or not.
 void FillDeviceContext(orbo_entity::DeviceInfo& device);
+// The same from facts the caller has already read (one refresh per event).
+void FillDeviceContext(orbo_entity::DeviceInfo& device, const ClientFacts& facts);
 
 }  // namespace oet

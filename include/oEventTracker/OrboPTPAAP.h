@@ -26,3 +26,5 @@
 #include "oEventTracker/OrboPTPAAP/preferences.h"
 
 // ---- Performance reports and chat-module events.
+#include "oEventTracker/OrboPTPAAP/apm_reports.h"
+#include "oEventTracker/OrboPTPAAP/chat_module.h"

@@ -162,6 +162,83 @@ OET_REPLAY_RECORD(OPreferencesInteractInfo_s, OET_REPLAY_FIELD(first_value), OET
 
 // ---- Records of the performance reports and chat-module events.
 
+// The not_read_* members of the chat-module records are the chat module's own data, which the library
+// never reads; scripts do not give them.
+OET_REPLAY_RECORD(OApmIOSLaunchInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2),
+                  OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4), OET_REPLAY_FIELD(text5),
+                  OET_REPLAY_FIELD(text6), OET_REPLAY_FIELD(text7), OET_REPLAY_FIELD(text8))
+
+OET_REPLAY_RECORD(OApmMacLaunchInfo_s, OET_REPLAY_FIELD(text1))
+
+OET_REPLAY_RECORD(OApmMacRuntimeInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2))
+
+OET_REPLAY_RECORD(OApmMacFreezeInfo_s, OET_REPLAY_FIELD(text1))
+
+OET_REPLAY_RECORD(OApmAndroidLaunchInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2),
+                  OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4), OET_REPLAY_FIELD(text5),
+                  OET_REPLAY_FIELD(text6))
+
+OET_REPLAY_RECORD(OApmAndroidPageInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2),
+                  OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4), OET_REPLAY_FIELD(text5),
+                  OET_REPLAY_FIELD(text6), OET_REPLAY_FIELD(text7), OET_REPLAY_FIELD(text8),
+                  OET_REPLAY_FIELD(text9), OET_REPLAY_FIELD(text10), OET_REPLAY_FIELD(text11),
+                  OET_REPLAY_FIELD(text12), OET_REPLAY_FIELD(text13), OET_REPLAY_FIELD(text14),
+                  OET_REPLAY_FIELD(text15), OET_REPLAY_FIELD(text16), OET_REPLAY_FIELD(text17),
+                  OET_REPLAY_FIELD(text18), OET_REPLAY_FIELD(text19))
+
+OET_REPLAY_RECORD(OApmIOSMetricKitInfo_s, OET_REPLAY_FIELD(text1), OET_REPLAY_FIELD(text2),
+                  OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4), OET_REPLAY_FIELD(text5),
+                  OET_REPLAY_FIELD(text6), OET_REPLAY_FIELD(text7), OET_REPLAY_FIELD(text8),
+                  OET_REPLAY_FIELD(text9))
+
+OET_REPLAY_RECORD(OApmIOSMetricKitDataInfo_s, OET_REPLAY_FIELD(number), OET_REPLAY_FIELD(text),
+                  OET_REPLAY_FIELD(value))
+
+OET_REPLAY_RECORD(OApmClientCrashInfo_s, OET_REPLAY_FIELD(crash_code), OET_REPLAY_FIELD(text1),
+                  OET_REPLAY_FIELD(text2), OET_REPLAY_FIELD(text3), OET_REPLAY_FIELD(text4))
+
+OET_REPLAY_RECORD(ChatMessageModuleInfo_s, OET_REPLAY_FIELD(field1), OET_REPLAY_FIELD(field2),
+                  OET_REPLAY_FIELD(field3), OET_REPLAY_FIELD(field4), OET_REPLAY_FIELD(field5),
+                  OET_REPLAY_FIELD(field6), OET_REPLAY_FIELD(field7), OET_REPLAY_FIELD(field8),
+                  OET_REPLAY_FIELD(field9), OET_REPLAY_FIELD(field10), OET_REPLAY_FIELD(field11),
+                  OET_REPLAY_FIELD(field12), OET_REPLAY_FIELD(field13), OET_REPLAY_FIELD(field14),
+                  OET_REPLAY_FIELD(field15), OET_REPLAY_FIELD(field16), OET_REPLAY_FIELD(field17),
+                  OET_REPLAY_FIELD(field18), OET_REPLAY_FIELD(with_body))
+
+OET_REPLAY_RECORD(WebServiceInfo_s, OET_REPLAY_FIELD(field1), OET_REPLAY_FIELD(field2),
+                  OET_REPLAY_FIELD(field3), OET_REPLAY_FIELD(field4), OET_REPLAY_FIELD(field5),
+                  OET_REPLAY_FIELD(field6), OET_REPLAY_FIELD(field7), OET_REPLAY_FIELD(field8),
+                  OET_REPLAY_FIELD(field9), OET_REPLAY_FIELD(field10), OET_REPLAY_FIELD(with_body))
+
+OET_REPLAY_RECORD(ChatDBInteractInfo_s, OET_REPLAY_FIELD(field1), OET_REPLAY_FIELD(field2),
+                  OET_REPLAY_FIELD(field3), OET_REPLAY_FIELD(field4), OET_REPLAY_FIELD(field5),
+                  OET_REPLAY_FIELD(field6), OET_REPLAY_FIELD(field7), OET_REPLAY_FIELD(field8),
+                  OET_REPLAY_FIELD(field9), OET_REPLAY_FIELD(field10), OET_REPLAY_FIELD(field11),
+                  OET_REPLAY_FIELD(field12), OET_REPLAY_FIELD(field13), OET_REPLAY_FIELD(field14),
+                  OET_REPLAY_FIELD(field15), OET_REPLAY_FIELD(field16), OET_REPLAY_FIELD(field17),
+                  OET_REPLAY_FIELD(interaction_id))
+
+OET_REPLAY_RECORD(ChatFileTransferInteractInfo_s, OET_REPLAY_FIELD(field1), OET_REPLAY_FIELD(field2),
+                  OET_REPLAY_FIELD(field3), OET_REPLAY_FIELD(field4), OET_REPLAY_FIELD(field5),
+                  OET_REPLAY_FIELD(field6), OET_REPLAY_FIELD(field7), OET_REPLAY_FIELD(field8),
+                  OET_REPLAY_FIELD(field9), OET_REPLAY_FIELD(field10), OET_REPLAY_FIELD(field11),
+                  OET_REPLAY_FIELD(field12), OET_REPLAY_FIELD(field13), OET_REPLAY_FIELD(field14),
+                  OET_REPLAY_FIELD(field15), OET_REPLAY_FIELD(field16), OET_REPLAY_FIELD(field17),
+                  OET_REPLAY_FIELD(field18), OET_REPLAY_FIELD(field19), OET_REPLAY_FIELD(field20),
+                  OET_REPLAY_FIELD(field21), OET_REPLAY_FIELD(field22), OET_REPLAY_FIELD(field23),
+                  OET_REPLAY_FIELD(field24), OET_REPLAY_FIELD(field25), OET_REPLAY_FIELD(field26),
+                  OET_REPLAY_FIELD(field27), OET_REPLAY_FIELD(field28), OET_REPLAY_FIELD(field29),
+                  OET_REPLAY_FIELD(field30), OET_REPLAY_FIELD(field31), OET_REPLAY_FIELD(field32),
+                  OET_REPLAY_FIELD(field33), OET_REPLAY_FIELD(field34), OET_REPLAY_FIELD(field35),
+                  OET_REPLAY_FIELD(field36), OET_REPLAY_FIELD(field37), OET_REPLAY_FIELD(field38),
+                  OET_REPLAY_FIELD(field39), OET_REPLAY_FIELD(field40), OET_REPLAY_FIELD(field41),
+                  OET_REPLAY_FIELD(interaction_id))
+
+OET_REPLAY_RECORD(ChatE2EDecodeInfo_s, OET_REPLAY_FIELD(field1), OET_REPLAY_FIELD(field2),
+                  OET_REPLAY_FIELD(field3), OET_REPLAY_FIELD(field4), OET_REPLAY_FIELD(field5),
+                  OET_REPLAY_FIELD(field6), OET_REPLAY_FIELD(field7), OET_REPLAY_FIELD(field8),
+                  OET_REPLAY_FIELD(field9), OET_REPLAY_FIELD(field10), OET_REPLAY_FIELD(interaction_id))
+
 // ---- Records of the meeting side.
 
 // ---- Exports ----
@@ -190,6 +267,25 @@ const std::vector<ExportEntry>& Exports() {
       Export("OrboPTPAAP::TrackingPreferencesInteractEvent", &TrackingPreferencesInteractEvent,
              {"tracking", "info"}),
       // Performance reports and chat-module events.
+      Export("OrboPTPAAP::TrackingApmIOSLaunchEvent", &TrackingApmIOSLaunchEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmMacLaunchEvent", &TrackingApmMacLaunchEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmMacRuntimeEvent", &TrackingApmMacRuntimeEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmMacFreezeEvent", &TrackingApmMacFreezeEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmAndroidLaunchEvent", &TrackingApmAndroidLaunchEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmAndroidPageEvent", &TrackingApmAndroidPageEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmIOSMetricKitEvent", &TrackingApmIOSMetricKitEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingApmIOSMetricKitDataEvent", &TrackingApmIOSMetricKitDataEvent, {"samples"}),
+      Export("OrboPTPAAP::TrackingApmClientCrashEvent", &TrackingApmClientCrashEvent, {"info"}),
+      Export("OrboPTPAAP::TrackingPTChatMessageModuleEvent", &TrackingPTChatMessageModuleEvent,
+             {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTChatWebServiceModuleEvent", &TrackingPTChatWebServiceModuleEvent,
+             {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTChatDBInteractEvent", &TrackingPTChatDBInteractEvent,
+             {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTChatFileTransferInteractEvent", &TrackingPTChatFileTransferInteractEvent,
+             {"tracking", "info"}),
+      Export("OrboPTPAAP::TrackingPTChatE2EDecodeInteractEvent", &TrackingPTChatE2EDecodeInteractEvent,
+             {"tracking", "info"}),
       // Meeting side.
   };
   return exports;
