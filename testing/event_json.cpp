@@ -23,28 +23,6 @@ const char* FnName(Call::Fn fn) {
   return "";
 }
 
-const char* KindName(OpKind kind) {
-  switch (kind) {
-    case OpKind::kClear:
-      return "clear";
-    case OpKind::kCall:
-      return "call";
-    case OpKind::kString:
-      return "string";
-    case OpKind::kInt32:
-      return "int32";
-    case OpKind::kInt64:
-      return "int64";
-    case OpKind::kUInt64:
-      return "uint64";
-    case OpKind::kBool:
-      return "bool";
-    case OpKind::kDouble:
-      return "double";
-  }
-  return "";
-}
-
 const char* OutcomeName(RecordedEvent::Outcome outcome) {
   switch (outcome) {
     case RecordedEvent::Outcome::kOpen:
@@ -88,6 +66,28 @@ void Pretty(const Json& value, int indent, std::string& out) {
 }
 
 }  // namespace
+
+const char* KindName(OpKind kind) {
+  switch (kind) {
+    case OpKind::kClear:
+      return "clear";
+    case OpKind::kCall:
+      return "call";
+    case OpKind::kString:
+      return "string";
+    case OpKind::kInt32:
+      return "int32";
+    case OpKind::kInt64:
+      return "int64";
+    case OpKind::kUInt64:
+      return "uint64";
+    case OpKind::kBool:
+      return "bool";
+    case OpKind::kDouble:
+      return "double";
+  }
+  return "";
+}
 
 Json ToJson(const Call& call) {
   Json out = Json::object();

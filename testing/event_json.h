@@ -14,6 +14,9 @@ namespace oet_testing {
 // Objects keep their keys in the order written, so that output reads in a fixed, natural order.
 using Json = nlohmann::ordered_json;
 
+// The word of an operation kind ("clear", "call", "string", "int32", ...), as "kind" holds it.
+const char* KindName(OpKind kind);
+
 Json ToJson(const Call& call);
 Json ToJson(const RecordedEvent& event);
 Json ToJson(const std::vector<RecordedEvent>& events);

@@ -33,6 +33,12 @@ using PreparedCall = std::function<CallResult()>;
 struct ExportEntry {
   std::string name;  // qualified, as "OrboPTPAAP::TrackingPTInteractEvent"
   std::vector<std::string> arguments;
+  std::vector<std::string> argument_types;  // the record of each argument, as its binding names it
+  std::vector<bool> fills;                  // whether the export fills the argument
+  bool returns_value = true;                // false for an export that returns nothing
+  // For the event catalog: canonical arguments (an object with one member per argument) whose members
+  // are all listed in `samples`.
+  std::function<Json(SampleBuilder& samples)> sample;
   // Reads the arguments from the line (an object; its "call" and "note" members are the script's own
   // and skipped). Returns an empty function and reports to `issues` when anything is wrong.
   std::function<PreparedCall(const Json& line, Issues& issues)> prepare;
@@ -73,6 +79,14 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
   ExportEntry entry;
   entry.name = std::move(name);
   entry.arguments = {names[I]...};
+  entry.argument_types = {BindingOf<RecordOf<Params>>().name...};
+  entry.fills = {kFills<Params>...};
+  entry.returns_value = !std::is_void_v<Ret>;
+  entry.sample = [names](SampleBuilder& samples) {
+    Json arguments = Json::object();
+    ((arguments[names[I]] = Codec<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
+    return arguments;
+  };
   const std::string export_name = entry.name;
   entry.prepare = [fn, names, export_name](const Json& line, Issues& issues) -> PreparedCall {
     auto records = std::make_shared<std::tuple<RecordOf<Params>...>>();
