@@ -220,11 +220,14 @@ class Runner {
     if (!problem.empty()) throw std::logic_error(problem);
   }
 
-  // Moves the clock on to a moment no earlier call can still be throttled against.
+  // Moves the clock on to a moment no earlier call can still be throttled against. The clock only
+  // moves forward within a process, so that a second catalog does not meet the first one's times in
+  // the library's rate-limit tables.
   int64_t NextSlot(int64_t spacing = kRunSpacingMs) {
-    now_ += spacing;
-    At(now_);
-    return now_;
+    static int64_t now = kStartMs;
+    now += spacing;
+    At(now);
+    return now;
   }
   static void At(int64_t ms) { KstHost::SetClock(Kst::Time::FromUnixMilliseconds(ms)); }
 
@@ -245,7 +248,6 @@ class Runner {
 
  private:
   std::unique_ptr<SessionHost> host_;
-  int64_t now_ = kStartMs;
 };
 
 // ---- Values at member paths ----
@@ -385,6 +387,7 @@ std::string ValuesWhere(const SampleLeaf& leaf, const std::vector<std::pair<Json
     if (yes.size() <= no.size()) return name + (yes.size() == 1 ? " is " : " in ") + IntegerList(yes);
     return name + (no.size() == 1 ? " is not " : " not in ") + IntegerList(no);
   }
+  if (leaf.type == "bool" && yes.size() == 1) return name + " is " + CompactText(yes.front());
   if (no.size() == 1 && no.front() == leaf.none) return name + " is not " + NoneWord(leaf);
   if (yes.size() == 1 && yes.front() == leaf.none) return name + " is " + NoneWord(leaf);
   std::string text;
@@ -489,11 +492,11 @@ class Study {
     Json defaults = Json::object();
     for (const auto& argument : entry_.arguments)
       defaults[argument] = Json::object();
-    Call({0, -1, Json(), "a default record", false, {}}, defaults, false);
+    Call({0, -1, Json(), "every member is 0 or empty", false, {}}, defaults, false);
     for (size_t i = 0; i < leaves_.size(); ++i)
       CallWithEachValue(static_cast<int>(i));
     MoreBases();
-    Situations();
+    CallInSituations();
     return Describe();
   }
 
@@ -589,7 +592,7 @@ class Study {
     }
   }
 
-  void Situations() {
+  void CallInSituations() {
     const std::pair<const char*, const char*> services[] = {
         {"registry", "the registry is absent"},
         {"telemetry", "the telemetry service is absent"},
@@ -643,10 +646,14 @@ class Study {
     return 0;
   }
 
+  // Whether a condition names situations (a service absent, the host failing, a default record)
+  // besides member values: always, only when no member value gives the outcome, or never.
+  enum class Situations { kAlways, kFallback, kNever };
+
   // When `f` gives `want`, from the first base it applies to: for the outcome of that base's call,
-  // the member values that keep it (joined by "and"); otherwise the member values that give it, or
-  // failing those the situations that give it (joined by "or").
-  std::string Condition(const Outcome& f, const std::string& want, bool situations = true) const {
+  // the member values that keep it (joined by "and"); otherwise the member values and situations that
+  // give it (joined by "or").
+  std::string Condition(const Outcome& f, const std::string& want, Situations situations) const {
     const size_t b = Reference(f);
     const auto usual_outcome = f(bases_[b].seen);
     const bool usual = usual_outcome && *usual_outcome == want;
@@ -659,7 +666,9 @@ class Study {
           std::all_of(tried.begin(), tried.end(), [&](const auto& t) { return t.second == want; });
       if (some && !all) parts.push_back(ValuesWhere(leaves_[leaf], tried, want));
     }
-    if (!usual && situations && b == 0 && parts.empty()) {
+    const bool named =
+        situations == Situations::kAlways || (situations == Situations::kFallback && parts.empty());
+    if (!usual && named && b == 0) {
       for (const auto& run : runs_) {
         const auto outcome = run.situation.empty() || run.base != 0 ? std::nullopt : f(run.seen);
         if (outcome && *outcome == want) parts.push_back(run.situation);
@@ -670,11 +679,11 @@ class Study {
 
   // Every outcome of `f` other than the canonical call's, with when it comes.
   std::vector<std::pair<std::string, std::string>> Alternatives(const Outcome& f,
-                                                                bool situations = true) const {
+                                                                Situations situations) const {
     const auto canonical_outcome = f(canonical());
     std::vector<std::string> outcomes;
     for (const auto& run : runs_) {
-      if (run.base != 0 || (!situations && !run.situation.empty())) continue;
+      if (run.base != 0 || (situations == Situations::kNever && !run.situation.empty())) continue;
       const auto outcome = f(run.seen);
       if (outcome && outcome != canonical_outcome &&
           std::find(outcomes.begin(), outcomes.end(), *outcome) == outcomes.end()) {
@@ -718,7 +727,7 @@ class Study {
     }
     if (row.from.empty() && !row.host) {
       for (const auto& run : runs_) {
-        if (run.situation == "a default record" && differs(canonical(), run.seen))
+        if (run.situation == "every member is 0 or empty" && differs(canonical(), run.seen))
           row.from.push_back("the record as a whole");
       }
     }
@@ -728,7 +737,7 @@ class Study {
     std::vector<std::string> bullets;
     const Outcome events = [](const Seen& seen) { return std::optional<std::string>(Events(seen)); };
     std::string sends = "**Sends** " + Events(canonical()) + ".";
-    for (const auto& [outcome, when] : Alternatives(events)) {
+    for (const auto& [outcome, when] : Alternatives(events, Situations::kAlways)) {
       if (outcome != "no event" && !when.empty()) sends += " Sends " + outcome + " when " + when + ".";
     }
     bullets.push_back(sends);
@@ -736,7 +745,7 @@ class Study {
     const Outcome gate = [](const Seen& seen) { return std::optional<std::string>(Gate(seen)); };
     std::string returns = "**" + Gate(canonical()) + "**.";
     returns[2] = 'R';
-    for (const auto& [outcome, when] : Alternatives(gate)) {
+    for (const auto& [outcome, when] : Alternatives(gate, Situations::kAlways)) {
       std::string text = outcome;
       text[0] = 'R';
       returns +=
@@ -764,7 +773,7 @@ class Study {
 
   const Seen& DefaultRun() const {
     for (const auto& run : runs_) {
-      if (run.situation == "a default record") return run.seen;
+      if (run.situation == "every member is 0 or empty") return run.seen;
     }
     return canonical();
   }
@@ -816,12 +825,12 @@ class Study {
     if (arguments.is_null()) return "**Rate limit**: none; the same call made again at once is sent again.";
     std::string text = "**Rate limit**: ";
     const bool usual = canonical().repeat_dropped.value_or(false);
-    if (!usual) text += "when " + Condition(repeat, "dropped") + ", ";
+    if (!usual) text += "when " + Condition(repeat, "dropped", Situations::kNever) + ", ";
     text += "the same call made again " + Window(arguments);
     if (usual) {
       const std::string keys = RateLimitKeys();
       if (!keys.empty()) text += "; calls that differ in " + keys + " are counted apart";
-      const std::string exceptions = Condition(repeat, "sent again");
+      const std::string exceptions = Condition(repeat, "sent again", Situations::kNever);
       if (!exceptions.empty()) text += "; a repeat is sent again when " + exceptions;
     }
     return text + ".";
@@ -939,11 +948,11 @@ class Study {
       return entity->placement;
     };
     const EntitySeen* usual = canonical().Entity(key);
-    section.requested = Condition(present, "yes");
+    section.requested = Condition(present, "yes", Situations::kFallback);
     if (section.requested.empty()) section.requested = usual != nullptr ? "always" : "in other situations";
     const size_t reference = Reference(placement);
     section.attached = placement(bases_[reference].seen).value_or("");
-    for (const auto& [where, when] : Alternatives(placement, false)) {
+    for (const auto& [where, when] : Alternatives(placement, Situations::kNever)) {
       if (!when.empty() && where != section.attached) section.attached += "; " + where + " when " + when;
     }
     section.none_given = NoneGiven(info.type);
@@ -965,7 +974,7 @@ class Study {
         if (entity == nullptr) return std::nullopt;
         return std::string(entity->Op(op) != nullptr ? "yes" : "no");
       };
-      row.when = Condition(op_present, "yes");
+      row.when = Condition(op_present, "yes", Situations::kFallback);
       Sources(value, row);
       if (!row.canonical) {
         // Called in none of the base calls: show a value from any call that made it.

@@ -1,16 +1,23 @@
 #include "tools/replay/text_diff.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <sstream>
+#include <unordered_map>
 #include <utility>
 
 namespace oet_replay {
 namespace {
 
 constexpr size_t kContext = 2;
-// Equal lines in a row after a difference that put the texts back in step.
+// Equal lines in a row that put the texts back in step.
 constexpr size_t kResync = 2 * kContext + 1;
+// Lines read ahead at first when the texts part.
+constexpr size_t kFirstReach = 64;
+// The largest alignment by longest common subsequence (cells of its table).
+constexpr size_t kMostCells = 4'000'000;
 
 void DropCarriageReturn(std::string& line) {
   if (!line.empty() && line.back() == '\r') line.pop_back();
@@ -59,6 +66,7 @@ StreamingDiff::StreamingDiff(std::istream& expected, std::string expected_name, 
 
 void StreamingDiff::Add(std::string line) {
   DropCarriageReturn(line);
+  b_bytes_ += line.size();
   b_pending_.push_back(std::move(line));
   NoteHeld();
   Advance(false);
@@ -85,7 +93,12 @@ bool StreamingDiff::NextExpected(std::string& line) {
   if (a_pending_.empty()) return ReadExpected(line);
   line = std::move(a_pending_.front());
   a_pending_.pop_front();
+  a_bytes_ -= line.size();
   return true;
+}
+
+bool StreamingDiff::WindowFull() const {
+  return b_pending_.size() >= kWindowLines || b_bytes_ >= kWindowBytes;
 }
 
 void StreamingDiff::Advance(bool final) {
@@ -99,81 +112,114 @@ void StreamingDiff::Advance(bool final) {
           break;
         }
         if (line != b_pending_.front()) {
+          a_bytes_ += line.size();
           a_pending_.push_front(std::move(line));
           diverged_ = true;
           break;
         }
+        b_bytes_ -= b_pending_.front().size();
         b_pending_.pop_front();
         Emit({' ', a_next_++, b_next_++, std::move(line)});
       }
       if (!diverged_) {
         if (!final || !NextExpected(line)) return;
+        a_bytes_ += line.size();
         a_pending_.push_front(std::move(line));  // expected lines beyond the end of the actual text
         diverged_ = true;
       }
+      reach_ = kFirstReach;
     }
-    const size_t window = Window();
-    if (!final && b_pending_.size() < window) return;  // wait for a window of actual lines
+    // Apart: read ahead until the texts can be put back in step.
+    const bool full = WindowFull();
+    if (!final && !full && b_pending_.size() < reach_) return;
     std::string line;
-    while (a_pending_.size() < window && ReadExpected(line))
+    while (a_pending_.size() < std::max(reach_, b_pending_.size()) && a_pending_.size() < kWindowLines &&
+           a_bytes_ < kWindowBytes && ReadExpected(line)) {
+      a_bytes_ += line.size();
       a_pending_.push_back(std::move(line));
+    }
     NoteHeld();
     if (a_pending_.empty() && b_pending_.empty()) return;
-    AlignWindow(final);
+    const bool ahead_done = expected_done_ || a_pending_.size() >= kWindowLines || a_bytes_ >= kWindowBytes;
+    const bool nothing_to_match = expected_done_ && a_pending_.empty();
+    const bool forced = full || nothing_to_match || (final && (ahead_done || reach_ >= kWindowLines));
+    if (!Realign(final, forced)) {
+      reach_ = std::min(reach_ * 2, kWindowLines);
+      if (!final) return;
+    }
   }
 }
 
-size_t StreamingDiff::Window() const {
-  return shown_ < max_lines_ ? kShowWindow : kCountWindow;
-}
-
-void StreamingDiff::AlignWindow(bool final) {
-  const size_t window = Window();
-  const size_t n = std::min(window, a_pending_.size());
-  const size_t m = std::min(window, b_pending_.size());
-  std::vector<char> ops;
-  if (n == 0 || m == 0) {
-    ops.assign(n + m, n == 0 ? '+' : '-');  // one side has ended: the rest of the other differs
+bool StreamingDiff::Realign(bool final, bool forced) {
+  const size_t n = a_pending_.size();
+  const size_t m = b_pending_.size();
+  // The run of kResync equal lines at a[i], b[j] with the least i + j.
+  if (n >= kResync && m >= kResync) {
+    const auto hash_at = [](const std::deque<std::string>& lines, size_t at) {
+      size_t hash = 0;
+      for (size_t k = at; k < at + kResync; ++k)
+        hash = hash * 1000003u ^ std::hash<std::string>()(lines[k]);
+      return hash;
+    };
+    std::unordered_map<size_t, std::vector<size_t>> runs;
+    for (size_t i = 0; i + kResync <= n; ++i)
+      runs[hash_at(a_pending_, i)].push_back(i);
+    size_t best_i = n;
+    size_t best_j = m;
+    for (size_t j = 0; j + kResync <= m && j < best_i + best_j; ++j) {
+      const auto found = runs.find(hash_at(b_pending_, j));
+      if (found == runs.end()) continue;
+      for (const size_t i : found->second) {
+        if (i + j >= best_i + best_j) break;
+        if (std::equal(a_pending_.begin() + static_cast<std::ptrdiff_t>(i),
+                       a_pending_.begin() + static_cast<std::ptrdiff_t>(i + kResync),
+                       b_pending_.begin() + static_cast<std::ptrdiff_t>(j))) {
+          best_i = i;
+          best_j = j;
+          break;
+        }
+      }
+    }
+    if (best_i < n) {
+      EmitAligned(best_i, best_j);
+      diverged_ = false;
+      return true;
+    }
+  }
+  if (!forced) return false;
+  if (n == 0 || (final && expected_done_)) {
+    EmitAligned(n, m);  // the rest of both texts (or every actual line, with nothing left to match)
+    diverged_ = false;
   } else {
+    EmitAligned((n + 1) / 2, (m + 1) / 2);
+  }
+  reach_ = kFirstReach;
+  return true;
+}
+
+void StreamingDiff::EmitAligned(size_t n, size_t m) {
+  std::vector<char> ops;
+  if (n > 0 && m > 0 && (n + 1) * (m + 1) <= kMostCells) {
     ops = Align(a_pending_, n, b_pending_, m);
+  } else {
+    ops.assign(n, '-');
+    ops.insert(ops.end(), m, '+');
   }
-  // Emit up to the first run of kResync equal lines after a change and go back to comparing line by
-  // line there; without such a run, emit all of a window that holds the rest of both texts, else the
-  // first half of the window and align again from there.
-  const bool rest_of_both = final && expected_done_ && n == a_pending_.size() && m == b_pending_.size();
-  size_t cut = ops.size();
-  bool in_step = rest_of_both;
-  bool changed = false;
-  size_t run = 0;
-  for (size_t k = 0; k < ops.size(); ++k) {
-    if (ops[k] != ' ') {
-      changed = true;
-      run = 0;
-    } else if (changed && ++run == kResync) {
-      cut = k + 1 - kResync;
-      in_step = true;
-      break;
-    }
-  }
-  if (!in_step) {
-    size_t a = 0;
-    size_t b = 0;
-    for (cut = 0; cut < ops.size() && (cut == 0 || (a < (n + 1) / 2 && b < (m + 1) / 2)); ++cut) {
-      a += ops[cut] != '+';
-      b += ops[cut] != '-';
-    }
-  }
-  for (size_t k = 0; k < cut; ++k) {
-    if (ops[k] == '+') {
+  for (const char op : ops) {
+    if (op == '+') {
+      b_bytes_ -= b_pending_.front().size();
       Emit({'+', a_next_, b_next_++, std::move(b_pending_.front())});
       b_pending_.pop_front();
     } else {
-      Emit({ops[k], a_next_++, ops[k] == ' ' ? b_next_++ : b_next_, std::move(a_pending_.front())});
+      a_bytes_ -= a_pending_.front().size();
+      Emit({op, a_next_++, op == ' ' ? b_next_++ : b_next_, std::move(a_pending_.front())});
       a_pending_.pop_front();
-      if (ops[k] == ' ') b_pending_.pop_front();
+      if (op == ' ') {
+        b_bytes_ -= b_pending_.front().size();
+        b_pending_.pop_front();
+      }
     }
   }
-  diverged_ = !in_step;
 }
 
 void StreamingDiff::Emit(Edit edit) {

@@ -4,12 +4,15 @@
 // so do texts that differ only in a final line end.
 //
 // The comparison streams: actual lines are handed over one at a time as they are produced, expected
-// lines are read as they are needed, and what is held at once is bounded by a window of lines, not by
-// the length of the texts. Where the texts agree, lines are compared one to one and nothing is kept
-// but the two lines of context. Where they part, up to a window of lines of each side is aligned by a
-// longest common subsequence; the texts are back in step at the first run of five equal lines, and a
-// difference longer than the window is shown window by window. At most `max_lines` lines of hunks are
-// shown; the differing lines after that are only counted ("... and N more differing lines").
+// lines are read as they are needed, and what is held at once is bounded by a window (kWindowLines
+// lines, kWindowBytes bytes of each side), not by the length of the texts. Where the texts agree,
+// lines are compared one to one and nothing is kept but the two lines of context. Where they part,
+// both sides are read ahead (64 lines, then twice as many, up to the window) until five equal lines
+// in a row put them back in step: the run that needs the fewest lines skipped on both sides together.
+// The lines before it are aligned by a longest common subsequence (or shown as replaced where that
+// would be too large). A difference longer than the window is shown half a window at a time. At most
+// `max_lines` lines of hunks are shown; the differing lines after that are only counted
+// ("... and N more differing lines").
 #pragma once
 
 #include <cstddef>
@@ -23,9 +26,8 @@ namespace oet_replay {
 
 class StreamingDiff {
  public:
-  // Lines aligned at once while the difference is still being shown, and once only counted.
-  static constexpr size_t kShowWindow = 1024;
-  static constexpr size_t kCountWindow = 64;
+  static constexpr size_t kWindowLines = size_t{1} << 16;
+  static constexpr size_t kWindowBytes = size_t{16} << 20;
 
   // Compares against the text read from `expected`; the difference goes to `report`, starting with the
   // "--- EXPECTED_NAME" and "+++ ACTUAL_NAME" lines at the first difference.
@@ -49,9 +51,10 @@ class StreamingDiff {
 
   bool ReadExpected(std::string& line);
   bool NextExpected(std::string& line);
-  size_t Window() const;
   void Advance(bool final);
-  void AlignWindow(bool final);
+  bool WindowFull() const;
+  bool Realign(bool final, bool forced);
+  void EmitAligned(size_t n, size_t m);
   void Emit(Edit edit);
   void AddToHunk(Edit edit);
   void CloseHunk();
@@ -67,10 +70,13 @@ class StreamingDiff {
   // Producing edits.
   std::deque<std::string> a_pending_;  // expected lines read but not yet matched
   std::deque<std::string> b_pending_;  // actual lines handed over but not yet matched
-  size_t a_next_ = 0;                  // number of expected lines matched so far
+  size_t a_bytes_ = 0;                 // the text held in a_pending_
+  size_t b_bytes_ = 0;
+  size_t a_next_ = 0;  // number of expected lines matched so far
   size_t b_next_ = 0;
   bool expected_done_ = false;
   bool diverged_ = false;
+  size_t reach_ = 0;  // lines of each side read ahead while apart
 
   // Turning edits into hunks.
   std::deque<Edit> before_;     // up to two equal lines before the next change

@@ -90,8 +90,10 @@ class EventTree {
     for (const int32_t type : not_given_)
       out += Indent(2) + "no entity given for " + EntityTitle(type) + "\n";
     for (const auto& call : event_.calls) {
-      if (call.threw && call.fn != Call::Fn::kEntityOp)
-        out += Indent(2) + "threw at " + Describe(call) + "\n";
+      if (!call.threw || call.fn == Call::Fn::kEntityOp) continue;
+      Call shown = call;
+      shown.threw = false;  // said in words already
+      out += Indent(2) + "threw at " + Describe(shown) + "\n";
     }
   }
 
@@ -153,6 +155,7 @@ std::string ViewOfCall(int line, const std::string& name, const Json& note, cons
   }
   for (const auto& event : events)
     EventTree(event).Write(out);
+  if (!events.empty() || !result.filled.empty()) out += "\n";  // a blank line after a block
   return out;
 }
 

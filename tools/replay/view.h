@@ -24,7 +24,8 @@
 // quoted, doubles exact), clears as `Field cleared`, argument-less calls as `Name()`. An entity that
 // was never attached is listed under "not attached", an entity type the host gave none of as
 // "no entity given for TYPE", and a host call that was made to throw as "threw at ...".
-// A host directive is one line, `line 5  host clock  advance_ms = 41000`.
+// A call with events or filled records ends with a blank line. A host directive is one line,
+// `line 5  host clock  advance_ms = 41000`.
 //
 // The view holds no addresses and no times but those the events carry, so two views diff cleanly.
 #pragma once

@@ -1,0 +1,179 @@
+// The readable view: one line per call, each event as a tree of its attachments and entities, values
+// exact, and everything unusual (null entries, clears, entities never attached, entity types the host
+// gave none of, calls that threw) visible.
+#include <cmath>
+#include <limits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tools/replay/view.h"
+
+namespace oet_replay {
+namespace {
+
+using oet_testing::Call;
+using oet_testing::OpKind;
+using oet_testing::OpValue;
+using oet_testing::RecordedEvent;
+
+Call Entity(int32_t type, int number) {
+  Call call;
+  call.fn = Call::Fn::kCreateEntity;
+  call.type = type;
+  call.entity = number;
+  return call;
+}
+
+Call Op(int number, int32_t type, const char* name, OpKind kind, OpValue value = {}) {
+  Call call;
+  call.fn = Call::Fn::kEntityOp;
+  call.entity = number;
+  call.type = type;
+  call.iface = "I";
+  call.op = 1;
+  call.name = name;
+  call.kind = kind;
+  call.value = std::move(value);
+  return call;
+}
+
+Call List(int32_t id, std::vector<int> entities) {
+  Call call;
+  call.fn = Call::Fn::kAttachEntityList;
+  call.attachment_id = id;
+  call.entities = std::move(entities);
+  return call;
+}
+
+Call Single(int32_t id, int entity) {
+  Call call;
+  call.fn = Call::Fn::kAttachEntity;
+  call.attachment_id = id;
+  call.entity = entity;
+  return call;
+}
+
+Call Submit(int32_t first, int32_t second, long long params = 0) {
+  Call call;
+  call.fn = Call::Fn::kSubmitEvent;
+  call.first_code = first;
+  call.second_code = second;
+  call.params = params;
+  return call;
+}
+
+RecordedEvent Event(int number, RecordedEvent::Outcome outcome, std::vector<Call> calls) {
+  RecordedEvent event;
+  event.number = number;
+  event.outcome = outcome;
+  Call create;
+  create.fn = Call::Fn::kCreateEvent;
+  create.event = number;
+  event.calls.push_back(create);
+  event.calls.insert(event.calls.end(), calls.begin(), calls.end());
+  return event;
+}
+
+TEST(ViewTest, ShowsAnEventAsATreeOfItsAttachments) {
+  CallResult result;
+  result.result = 1;
+  const RecordedEvent event = Event(
+      7, RecordedEvent::Outcome::kSubmitted,
+      {Entity(283, 1), Op(1, 283, "SetWebServiceValue", OpKind::kString, std::string("ws \"q\"")),
+       Op(1, 283, "ClearGpuModel", OpKind::kClear), Entity(304, 2),
+       Op(2, 304, "SetTotalRam", OpKind::kInt64, int64_t{16}), List(203, {1, 0, 2}), Entity(282, 3),
+       Op(3, 282, "Prepare", OpKind::kCall), Op(3, 282, "SetFlag", OpKind::kBool, true), Single(201, 3),
+       Entity(285, 0), Entity(370, 4), Op(4, 370, "SetValueA", OpKind::kInt32, int32_t{-3}), Submit(3, 1)});
+  EXPECT_EQ(ViewOfCall(13, "Ns::Export", Json("a note"), result, {event}),
+            "line 13  Ns::Export -> 1  # a note\n"
+            "  event 7  submitted  codes 3 1\n"
+            "    context 203\n"
+            "      #1 283 ClientEntity\n"
+            "        WebServiceValue = \"ws \\\"q\\\"\"\n"
+            "        GpuModel cleared\n"
+            "      null\n"
+            "      #2 304 TrackingInfoEntity\n"
+            "        TotalRam = 16\n"
+            "    body 201\n"
+            "      #3 282 TabSwitchEntity\n"
+            "        Prepare()\n"
+            "        Flag = true\n"
+            "    not attached\n"
+            "      #4 370 PhoneBodyEntity\n"
+            "        ValueA = -3\n"
+            "    no entity given for 285 HomeTabEntity\n"
+            "\n");
+}
+
+TEST(ViewTest, ShowsDestroyedAndOpenEventsAndTheCallThatThrew) {
+  CallResult result;
+  result.result = 0;
+  Call threw = Entity(283, 1);
+  threw.threw = true;
+  Call destroy;
+  destroy.fn = Call::Fn::kDestroyEvent;
+  destroy.first_code = 1;
+  const RecordedEvent destroyed = Event(1, RecordedEvent::Outcome::kDestroyed, {destroy});
+  const RecordedEvent open = Event(2, RecordedEvent::Outcome::kOpen, {threw});
+  EXPECT_EQ(ViewOfCall(4, "Ns::Export", Json(), result, {destroyed, open}),
+            "line 4  Ns::Export -> 0\n"
+            "  event 1  destroyed (1)\n"
+            "  event 2  open\n"
+            "    not attached\n"
+            "      #1 283 ClientEntity\n"
+            "    threw at CreateEntity 283 -> #1\n"
+            "\n");
+}
+
+struct DoubleCase {
+  const char* name;
+  double value;
+  const char* text;
+};
+
+void PrintTo(const DoubleCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
+class ViewDoubleTest : public ::testing::TestWithParam<DoubleCase> {};
+
+TEST_P(ViewDoubleTest, ShowsTheExactDouble) {
+  CallResult result;
+  result.result = 1;
+  const RecordedEvent event =
+      Event(1, RecordedEvent::Outcome::kSubmitted,
+            {Entity(283, 1), Op(1, 283, "SetShare", OpKind::kDouble, GetParam().value), Single(201, 1),
+             Submit(3, 1)});
+  EXPECT_THAT(ViewOfCall(1, "E", Json(), result, {event}),
+              ::testing::HasSubstr(std::string("        Share = ") + GetParam().text + "\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, ViewDoubleTest,
+    ::testing::Values(DoubleCase{"Tenth", 0.1, "0.1"}, DoubleCase{"Third", 1.0 / 3, "0.3333333333333333"},
+                      DoubleCase{"Whole", 2.0, "2"}, DoubleCase{"Large", 1e300, "1e+300"},
+                      DoubleCase{"Smallest", std::numeric_limits<double>::denorm_min(), "5e-324"},
+                      DoubleCase{"NegativeZero", -0.0, "-0"},
+                      DoubleCase{"NaN", std::numeric_limits<double>::quiet_NaN(), "NaN"},
+                      DoubleCase{"Infinity", std::numeric_limits<double>::infinity(), "inf"},
+                      DoubleCase{"MinusInfinity", -std::numeric_limits<double>::infinity(), "-inf"}),
+    [](const ::testing::TestParamInfo<DoubleCase>& info) { return std::string(info.param.name); });
+
+TEST(ViewTest, ShowsFilledRecordsAndDirectivesOneMemberAfterTheOther) {
+  CallResult result;
+  result.filled = Json::parse(R"({"info": {"domain": "acme", "nested": {"n": 2}, "list": [1, 2]}})");
+  EXPECT_EQ(ViewOfCall(2, "Ns::Fill", Json(), result, {}),
+            "line 2  Ns::Fill\n"
+            "  filled info\n"
+            "    domain = \"acme\"\n"
+            "    nested.n = 2\n"
+            "    list = [1,2]\n"
+            "\n");
+  EXPECT_EQ(ViewOfDirective(3, "clock", Json("later"),
+                            Json::parse(R"({"set": "2026-03-09T08:00:00.000Z", "advance_ms": 5})")),
+            "line 3  host clock  set = \"2026-03-09T08:00:00.000Z\", advance_ms = 5  # later\n");
+}
+
+}  // namespace
+}  // namespace oet_replay
