@@ -12,27 +12,27 @@ ClientEntity* BuildClientEntity(iOrbotelemetryAPI* telemetry, ICVWebServiceAPI* 
   if (telemetry == nullptr || web_service == nullptr) return nullptr;
   ClientEntity* entity = CreateEntity<ClientEntity>(telemetry);
   if (entity == nullptr) return nullptr;
-  const ClientContext context = RefreshedClientContext();
+  const ClientFactsView facts = RefreshedClientFacts();
   orbo_entity::DeviceInfo& device = *entity;
   Kst::CStringT<char> version;
   Kst::GetCurrentVersion(version);
 
-  device.SetWebServiceValue(ToUtf8(context.web_service_value));
-  device.SetDeviceProduct(ToUtf8(context.system_product_name));
-  entity->SetDeviceManufacturer(ToUtf8(context.system_manufacturer));
+  device.SetWebServiceValue(facts->web_service_value.utf8);
+  device.SetDeviceProduct(facts->system_product_name.utf8);
+  entity->SetDeviceManufacturer(facts->system_manufacturer.utf8);
   entity->SetClientVersion(TextOf(version));
-  SetOrClear(entity, &ClientEntity::ClearGpuModel, &ClientEntity::SetGpuModel, context.gpu_model);
-  SetOrClear(entity, &ClientEntity::ClearCpuType, &ClientEntity::SetCpuType, context.cpu_type);
-  SetOrClear(entity, &ClientEntity::ClearRegion, &ClientEntity::SetRegion, context.region);
-  entity->SetLanguage(ToUtf8(context.language));
-  entity->SetNetworkType(ToUtf8(context.network_type));
-  device.SetOsName(ToUtf8(context.os_name));
-  device.SetOsVersion(ToUtf8(context.os_version));
-  SetOrClear(entity, &ClientEntity::ClearResolution, &ClientEntity::SetResolution, context.resolution);
-  if (context.total_ram_gb == 0) {
+  SetOrClear(entity, &ClientEntity::ClearGpuModel, &ClientEntity::SetGpuModel, facts->gpu_model);
+  SetOrClear(entity, &ClientEntity::ClearCpuType, &ClientEntity::SetCpuType, facts->cpu_type);
+  SetOrClear(entity, &ClientEntity::ClearRegion, &ClientEntity::SetRegion, facts->region);
+  entity->SetLanguage(facts->language.utf8);
+  entity->SetNetworkType(facts->network_type.utf8);
+  device.SetOsName(facts->os_name.utf8);
+  device.SetOsVersion(facts->os_version.utf8);
+  SetOrClear(entity, &ClientEntity::ClearResolution, &ClientEntity::SetResolution, facts->resolution);
+  if (facts->total_ram_gb == 0) {
     entity->ClearTotalRam();
   } else {
-    entity->SetTotalRam(static_cast<int64_t>(context.total_ram_gb));
+    entity->SetTotalRam(static_cast<int64_t>(facts->total_ram_gb));
   }
   return entity;
 }
@@ -60,11 +60,11 @@ void FillTrackingValues(orbo_entity::TrackingValues& values, const OrboPTPAAP::P
 }
 
 void FillDeviceContext(orbo_entity::DeviceInfo& device) {
-  const ClientContext context = RefreshedClientContext();
-  device.SetWebServiceValue(ToUtf8(context.web_service_value));
-  device.SetDeviceProduct(ToUtf8(context.system_product_name));
-  device.SetOsName(ToUtf8(context.os_name));
-  device.SetOsVersion(ToUtf8(context.os_version));
+  const ClientFactsView facts = RefreshedClientFacts();
+  device.SetWebServiceValue(facts->web_service_value.utf8);
+  device.SetDeviceProduct(facts->system_product_name.utf8);
+  device.SetOsName(facts->os_name.utf8);
+  device.SetOsVersion(facts->os_version.utf8);
 }
 
 }  // namespace oet

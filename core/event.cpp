@@ -19,40 +19,54 @@ std::optional<EventDraft> EventDraft::Open(Lookup lookup) {
   return EventDraft(telemetry, web_service, event);
 }
 
-ContextList EventDraft::CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) const {
-  ContextList list;
+ContextList EventDraft::CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking, size_t extra) const {
+  ContextList list(2 + extra);
   list.AddSlot(BuildClientEntity(telemetry_, web_service_));
   list.AddSlot(BuildTrackingInfoEntity(telemetry_, tracking));
   return list;
 }
 
 void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
-  AttachContext(CommonContext(tracking));
+  AttachContextAlways(CommonContext(tracking));
 }
 
 void EventDraft::AttachBasicContext(bool device_facts) {
-  ContextList list;
+  ContextList list(3);
   list.Add(Create<orbo_entity::BasicContextEntity170>());
   auto* device = Create<orbo_entity::BasicDeviceContextEntity>();
   if (device != nullptr && device_facts) FillDeviceContext(*device);
   list.Add(device);
   list.Add(Create<orbo_entity::BasicContextEntity169>());
-  AttachContext(list);
+  AttachContext(std::move(list));
 }
 
-void EventDraft::AttachContext(const ContextList& list) {
-  if (!list.empty()) event_->AttachEntityList(kContextAttachment, list.entries());
+void EventDraft::AttachContext(ContextList&& list) {
+  if (!list.empty()) AttachContextAlways(std::move(list));
+}
+
+void EventDraft::AttachContextAlways(ContextList&& list) {
+  event_->AttachEntityList(kContextAttachment, std::move(list).Take());
 }
 
 int EventDraft::Submit(SubmitCodes codes) {
   EventParams params;
   telemetry_->SubmitEvent(event_, codes.first, codes.second, &params);
+  event_ = nullptr;  // the host has it now
   return 1;
 }
 
 int EventDraft::Destroy() {
-  event_->DestroyEvent(1);
+  std::exchange(event_, nullptr)->DestroyEvent(1);
   return 0;
+}
+
+void EventDraft::DestroyIfOpen() noexcept {
+  if (event_ == nullptr) return;
+  try {
+    Destroy();
+  } catch (...) {
+    // The host refused to destroy its event; nothing more can be done from here.
+  }
 }
 
 }  // namespace oet

@@ -9,16 +9,18 @@
 //   if (auto* body = event->Create<SomeEntity>()) { ...fill...; event->AttachBody(body); }
 //   return event->Submit(kStandaloneCodes);
 //
-// The draft holds only borrowed host pointers: the event, its entities and the services belong to the
-// host and are never freed here, except through Destroy() where an export decides not to submit.
+// The services and entities belong to the host and are never freed here. The event is the draft's
+// until it is submitted: an export that decides not to submit calls Destroy(), and an export that stops
+// early (a failure, an exception) leaves the draft to destroy it.
 #pragma once
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "core/host.h"
-#include "oEventTracker/OrboPTPAAP.h"
+#include "oEventTracker/OrboPTPAAP/tracking.h"
 
 namespace oet {
 
@@ -43,9 +45,12 @@ enum class Lookup {
   kWebServiceAndTelemetry,
 };
 
-// Entities of a context list, in order, as base-subobject pointers.
+// Entities of a context list, in order, as base-subobject pointers. The list is built once with room
+// for the entities the event may add (`capacity`, an upper bound) and handed to the event as it is.
 class ContextList {
  public:
+  explicit ContextList(size_t capacity) { entries_.reserve(capacity); }
+
   // Appends a non-null entity; a null one is left out.
   template <class E>
   void Add(E* entity) {
@@ -59,15 +64,29 @@ class ContextList {
   }
   bool empty() const { return entries_.empty(); }
   const std::vector<orbo_entity::EntityBase*>& entries() const { return entries_; }
+  // The entries, given away (the host takes the list by value).
+  std::vector<orbo_entity::EntityBase*> Take() && { return std::move(entries_); }
 
  private:
   std::vector<orbo_entity::EntityBase*> entries_;
 };
 
+// An event on its way to the host. It owns the event until it is submitted or destroyed: an event left
+// behind by an early return or an exception is destroyed when the draft goes out of scope, so that no
+// event the library created is ever abandoned in the host.
 class EventDraft {
  public:
   // Looks the services up and creates the event; nullopt when a needed service or the event is missing.
   static std::optional<EventDraft> Open(Lookup lookup);
+
+  EventDraft(EventDraft&& other) noexcept
+      : telemetry_(other.telemetry_),
+        web_service_(other.web_service_),
+        event_(std::exchange(other.event_, nullptr)) {}
+  EventDraft& operator=(EventDraft&&) = delete;
+  EventDraft(const EventDraft&) = delete;
+  EventDraft& operator=(const EventDraft&) = delete;
+  ~EventDraft() { DestroyIfOpen(); }
 
   iOrbotelemetryAPI* telemetry() const { return telemetry_; }
   // Null for Lookup::kTelemetryOnly.
@@ -79,32 +98,38 @@ class EventDraft {
   }
 
   // The common context list: the client entity (283) and the tracking-info entity (304), in that
-  // order, null slots kept. CommonContext builds it for events that append entities of their own.
-  ContextList CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) const;
+  // order, null slots kept. CommonContext builds it for events that append entities of their own
+  // (`extra`: how many they may append).
+  ContextList CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking, size_t extra = 0) const;
   void AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking);
   // The basic context list: entities 170, 159 and 169, each only when the host gives it. With
   // `device_facts`, entity 159 is filled from the client-context cache through its DeviceInfo.
   void AttachBasicContext(bool device_facts);
   // Attaches the list under 203 unless it is empty.
-  void AttachContext(const ContextList& list);
+  void AttachContext(ContextList&& list);
+  // Attaches the list under 203 whatever it holds, an empty list too.
+  void AttachContextAlways(ContextList&& list);
   // Attaches the body under 201 unless it is null.
   template <class E>
   void AttachBody(E* body) {
     if (body != nullptr) event_->AttachEntity(kBodyAttachment, body);
   }
 
-  // Submits with an empty parameter map; returns 1, the export's result.
+  // Submits with an empty parameter map; returns 1, the export's result. Should the host throw, the
+  // event is still the draft's and is destroyed with it.
   int Submit(SubmitCodes codes);
-  // Destroys the event instead of submitting it; returns 0, the export's result.
+  // Destroys the event instead of submitting it (the event's first operation, with 1); returns 0, the
+  // export's result.
   int Destroy();
 
  private:
   EventDraft(iOrbotelemetryAPI* telemetry, ICVWebServiceAPI* web_service, IOrboEvent* event)
       : telemetry_(telemetry), web_service_(web_service), event_(event) {}
+  void DestroyIfOpen() noexcept;
 
   iOrbotelemetryAPI* telemetry_;
   ICVWebServiceAPI* web_service_;
-  IOrboEvent* event_;
+  IOrboEvent* event_;  // null once submitted or destroyed
 };
 
 // Runs an export's body so that nothing is thrown across the library boundary: any exception

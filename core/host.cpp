@@ -1,6 +1,6 @@
 #include "core/host.h"
 
-#include <cstring>
+#include <string>
 
 #include "platform/kst_convert.h"
 #include "platform/service_registry.h"
@@ -31,11 +31,19 @@ std::string TextOf(const Kst::CStringT<char>& text) {
 }
 
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
-  // A wide character never takes more than four UTF-8 bytes; one more for the terminator.
-  const int length = text.GetLength();
+  const wchar_t* units = text.c_str();
+  const int length = static_cast<int>(std::char_traits<wchar_t>::length(units));
+  if (length == 0) return std::string();
+  // A wide unit never takes more than four UTF-8 bytes; one more for the terminator. Short texts are
+  // converted on the stack, so that only a result longer than the string's own small buffer allocates.
+  constexpr int kStackUnits = 63;
+  if (length <= kStackUnits) {
+    char utf8[kStackUnits * 4 + 1];
+    const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
+    return std::string(utf8, static_cast<size_t>(written > 0 ? written : 0));
+  }
   std::string utf8(static_cast<size_t>(length) * 4 + 1, '\0');
-  const int written =
-      kst_str_convert(KST_CP_UTF8, text.c_str(), length, &utf8[0], static_cast<int>(utf8.size()));
+  const int written = kst_str_convert(KST_CP_UTF8, units, length, &utf8[0], static_cast<int>(utf8.size()));
   utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
   return utf8;
 }

@@ -23,9 +23,13 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
   return static_cast<E*>(telemetry->CreateEntity(E::kTypeId));
 }
 
-// The text of a host string up to its first NUL.
+// Host strings are read up to their first NUL, narrow and wide alike: a string with an embedded NUL
+// goes out as the text before it (and one that starts with NUL, which the host does not call empty,
+// as the empty text).
+
+// The text of a narrow host string (UTF-8).
 std::string TextOf(const Kst::CStringT<char>& text);
-// A wide host string as UTF-8, through the host's code-page conversion.
+// The text of a wide host string as UTF-8, through the host's code-page conversion.
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
 inline std::string Utf8Of(const Kst::CStringT<char>& text) {
   return TextOf(text);

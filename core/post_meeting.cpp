@@ -11,23 +11,36 @@ namespace {
 struct Store {
   std::mutex mutex;
   PostMeetingStrings strings;
+  uint64_t generation = 0;
 };
 
 Store& TheStore() {
-  static Store store;
+  static Store& store = *new Store;  // never destroyed: see the header
   return store;
 }
 
 }  // namespace
 
-PostMeetingStrings CopyPostMeetingStrings() {
-  std::lock_guard<std::mutex> lock(TheStore().mutex);
-  return TheStore().strings;
+PostMeetingSnapshot SnapshotPostMeetingStrings() {
+  Store& store = TheStore();
+  std::lock_guard<std::mutex> lock(store.mutex);
+  return PostMeetingSnapshot{store.strings, store.generation};
 }
 
-void UpdatePostMeetingStrings(const std::function<void(PostMeetingStrings&)>& update) {
-  std::lock_guard<std::mutex> lock(TheStore().mutex);
-  update(TheStore().strings);
+void StorePostMeetingStrings(PostMeetingStrings strings) {
+  Store& store = TheStore();
+  std::lock_guard<std::mutex> lock(store.mutex);
+  store.strings = std::move(strings);
+  ++store.generation;
+}
+
+void ClearReportedPostMeetingStrings(uint64_t generation) {
+  Store& store = TheStore();
+  std::lock_guard<std::mutex> lock(store.mutex);
+  if (store.generation != generation) return;  // a newer meeting's strings: keep them
+  store.strings.text1 = Kst::CStringT<char>();
+  store.strings.text2 = Kst::CStringT<char>();
+  store.strings.text4 = Kst::CStringT<char>();
 }
 
 }  // namespace oet
@@ -35,15 +48,10 @@ void UpdatePostMeetingStrings(const std::function<void(PostMeetingStrings&)>& up
 namespace OrboPTPAAP {
 
 void StoreMeetingInfo4PostEvents(const PostMeetingTrackingInfo_s& info) {
-  // Copies are made before the lock is taken, so that a failed allocation leaves the kept strings as
-  // they were; nothing is thrown across the boundary.
+  // The copies are made before the lock is taken, so that a failed allocation leaves the kept strings
+  // as they were; nothing is thrown across the boundary.
   oet::Guarded([&] {
-    PostMeetingTrackingInfo_s copy;
-    copy.text1 = info.text1;
-    copy.text2 = info.text2;
-    copy.text3 = info.text3;
-    copy.text4 = info.text4;
-    oet::UpdatePostMeetingStrings([&](oet::PostMeetingStrings& strings) { strings = std::move(copy); });
+    oet::StorePostMeetingStrings(info);
     return 1;
   });
 }

@@ -1,17 +1,51 @@
 #include "core/timestamp.h"
 
-#include <cstdio>
-
 namespace oet {
+namespace {
+
+// Writes `value` in decimal, zero-filled on the left to `width` characters (a minus sign counts toward
+// the width; a number wider than `width` keeps all its digits), and returns the position after it.
+char* Padded(char* out, int value, int width) {
+  char digits[10];
+  int count = 0;
+  unsigned magnitude = value < 0 ? 0u - static_cast<unsigned>(value) : static_cast<unsigned>(value);
+  do {
+    digits[count++] = static_cast<char>('0' + magnitude % 10);
+    magnitude /= 10;
+  } while (magnitude != 0);
+  if (value < 0) {
+    *out++ = '-';
+    --width;
+  }
+  for (int i = count; i < width; ++i)
+    *out++ = '0';
+  while (count > 0)
+    *out++ = digits[--count];
+  return out;
+}
+
+}  // namespace
 
 std::string FormatUtcTimestamp(const Kst::Time& time) {
   if (time.is_null()) return std::string();
   Kst::Time::Exploded t;
   time.UTCExplode(&t);
-  char text[64];
-  const int length = std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03dZ", t.year, t.month,
-                                   t.day_of_month, t.hour, t.minute, t.second, t.millisecond);
-  return length > 0 ? std::string(text, static_cast<size_t>(length)) : std::string();
+  char text[96];  // YYYY-MM-DDThh:mm:ss.mmmZ, with room for any int in each field
+  char* out = Padded(text, t.year, 4);
+  *out++ = '-';
+  out = Padded(out, t.month, 2);
+  *out++ = '-';
+  out = Padded(out, t.day_of_month, 2);
+  *out++ = 'T';
+  out = Padded(out, t.hour, 2);
+  *out++ = ':';
+  out = Padded(out, t.minute, 2);
+  *out++ = ':';
+  out = Padded(out, t.second, 2);
+  *out++ = '.';
+  out = Padded(out, t.millisecond, 3);
+  *out++ = 'Z';
+  return std::string(text, static_cast<size_t>(out - text));
 }
 
 }  // namespace oet

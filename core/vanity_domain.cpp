@@ -1,5 +1,8 @@
 #include "core/vanity_domain.h"
 
+#include <string>
+#include <string_view>
+
 #include "core/web_domains.h"
 #include "platform/url_utils.h"
 
@@ -16,14 +19,16 @@ void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_
   static constexpr wchar_t kScheme[] = L"https://";
   const int scheme = url.find(kScheme);
   if (scheme == Kst::CStringT<wchar_t>::npos) return;
-  const int start = scheme + static_cast<int>(sizeof kScheme / sizeof kScheme[0] - 1);
+  const size_t start = static_cast<size_t>(scheme) + std::char_traits<wchar_t>::length(kScheme);
 
+  // A suffix matches only where it ends the URL: its last occurrence then lies exactly at the end.
+  const std::wstring_view text(url.c_str(), static_cast<size_t>(url.GetLength()));
   for (const wchar_t* suffix : kWebDomainSuffixes) {
-    const Kst::CStringT<wchar_t> wanted(suffix);
-    const int pos = url.rfind(wanted);
-    if (pos == Kst::CStringT<wchar_t>::npos || pos != url.GetLength() - wanted.GetLength()) continue;
+    const size_t length = std::char_traits<wchar_t>::length(suffix);
+    if (text.size() < length || text.compare(text.size() - length, length, suffix) != 0) continue;
     // The first suffix that ends the URL decides; with nothing between scheme and suffix the marker stays.
-    if (start < pos) result = url.substr(start, pos - start);
+    const size_t pos = text.size() - length;
+    if (start < pos) result = Kst::CStringT<wchar_t>(url.c_str() + start, static_cast<int>(pos - start));
     return;
   }
 }

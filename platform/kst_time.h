@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 #include "platform/kst_export.h"
 
@@ -49,8 +50,13 @@ class Time {
   // Breaks the time down in UTC (proleptic Gregorian calendar; times before 1970 work too).
   KST_API void UTCExplode(Exploded* exploded) const;
 
+  // The span between two times; it saturates at the largest span either way instead of overflowing.
   constexpr TimeDelta operator-(const Time& other) const {
-    return TimeDelta::FromMicroseconds(us_ - other.us_);
+    int64_t us = 0;
+    if (__builtin_sub_overflow(us_, other.us_, &us)) {
+      us = other.us_ < 0 ? std::numeric_limits<int64_t>::max() : std::numeric_limits<int64_t>::min();
+    }
+    return TimeDelta::FromMicroseconds(us);
   }
   constexpr Time operator+(const TimeDelta& delta) const { return Time(us_ + delta.InMicroseconds()); }
   constexpr bool operator==(const Time& other) const { return us_ == other.us_; }

@@ -4,13 +4,14 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <string_view>
 
 namespace {
 
 class Module final : public IServiceModule {
  public:
   void* GetClassObject(const char* class_string) override;
-  std::map<std::string, void*> objects;
+  std::map<std::string, void*, std::less<>> objects;
 };
 
 class Registry final : public IServiceRegistry {
@@ -18,26 +19,28 @@ class Registry final : public IServiceRegistry {
   IServiceModule* GetModule(const char* module_name) override;
   std::mutex mutex;
   // Modules are never erased, only emptied, so that a pointer handed out stays valid.
-  std::map<std::string, Module> modules;
+  std::map<std::string, Module, std::less<>> modules;
   std::atomic<bool> available{true};
 };
 
+// The registry lives until the process is gone (never destroyed), so that a library called from a
+// client's exit path still finds it.
 Registry& TheRegistry() {
-  static Registry registry;
+  static Registry& registry = *new Registry;
   return registry;
 }
 
 void* Module::GetClassObject(const char* class_string) {
   if (class_string == nullptr) return nullptr;
   std::lock_guard<std::mutex> lock(TheRegistry().mutex);
-  const auto it = objects.find(class_string);
+  const auto it = objects.find(std::string_view(class_string));
   return it == objects.end() ? nullptr : it->second;
 }
 
 IServiceModule* Registry::GetModule(const char* module_name) {
   if (module_name == nullptr) return nullptr;
   std::lock_guard<std::mutex> lock(mutex);
-  const auto it = modules.find(module_name);
+  const auto it = modules.find(std::string_view(module_name));
   return it == modules.end() || it->second.objects.empty() ? nullptr : &it->second;
 }
 

@@ -17,14 +17,19 @@ using KstHost::SystemFact;
 constexpr char kDefaultClientVersion[] = "1.0.0";
 
 std::mutex g_mutex;
-std::map<SystemFact, std::string> g_overrides;
 std::atomic<uint64_t> g_queries{0};
+
+// Never destroyed, so that facts asked for from a client's exit path are still answered.
+std::map<SystemFact, std::string>& Overrides() {
+  static auto& overrides = *new std::map<SystemFact, std::string>;
+  return overrides;
+}
 
 std::optional<std::string> Override(SystemFact fact) {
   if (fact != SystemFact::kCurrentVersion) ++g_queries;
   std::lock_guard<std::mutex> lock(g_mutex);
-  const auto it = g_overrides.find(fact);
-  if (it == g_overrides.end()) return std::nullopt;
+  const auto it = Overrides().find(fact);
+  if (it == Overrides().end()) return std::nullopt;
   return it->second;
 }
 
@@ -117,12 +122,12 @@ namespace KstHost {
 
 void OverrideSystemFact(SystemFact fact, const std::string& utf8_value) {
   std::lock_guard<std::mutex> lock(g_mutex);
-  g_overrides[fact] = utf8_value;
+  Overrides()[fact] = utf8_value;
 }
 
 void ClearSystemFactOverrides() {
   std::lock_guard<std::mutex> lock(g_mutex);
-  g_overrides.clear();
+  Overrides().clear();
 }
 
 uint64_t SystemQueryCount() {

@@ -21,8 +21,9 @@ class UrlUtils final : public IOrboUrlUtils {
   std::atomic<bool> present{true};
 };
 
+// Never destroyed, like the registry: a library called from a client's exit path still finds it.
 UrlUtils& TheUrlUtils() {
-  static UrlUtils utils;
+  static UrlUtils& utils = *new UrlUtils;
   return utils;
 }
 

@@ -56,6 +56,7 @@ using namespace orbo_entity;  // the generated code names the schema's interface
     KST_ENTITY_COMMON(Name)
 #define KST_OP(Name, N, Kind, OpName)                             \
   void OpName KST_PARAMS_##Kind override {                        \
+    HostBookkeeping bookkeeping;                                  \
     Record(#Name, N, #OpName, KST_KIND_##Kind, KST_VALUE_##Kind); \
   }
 #define KST_RESERVED(Name, N)

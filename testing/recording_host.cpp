@@ -52,6 +52,8 @@ struct RecordingHost::EventState {
 
 namespace {
 
+thread_local int t_bookkeeping_depth = 0;
+
 using KstHost::SystemFact;
 
 // The machine every standard host describes, and the moment its clock shows.
@@ -90,6 +92,18 @@ std::string EntityRef(int number) {
 }
 
 }  // namespace
+
+HostBookkeeping::HostBookkeeping() {
+  ++t_bookkeeping_depth;
+}
+
+HostBookkeeping::~HostBookkeeping() {
+  --t_bookkeeping_depth;
+}
+
+bool InHostBookkeeping() {
+  return t_bookkeeping_depth > 0;
+}
 
 RecordingHost::RecordingHost(Machine machine) : telemetry_(std::make_unique<Telemetry>(this)) {
   if (machine == Machine::kStandard) InstallStandardMachine();
@@ -173,6 +187,11 @@ std::vector<RecordedEvent> RecordingHost::TakeEvents() {
   return taken;
 }
 
+int RecordingHost::OpenEventCount() const {
+  std::lock_guard<std::mutex> lock(mutex_);
+  return open_count_;
+}
+
 std::vector<RecordedEvent> RecordingHost::Events() const {
   std::lock_guard<std::mutex> lock(mutex_);
   std::vector<RecordedEvent> all;
@@ -181,8 +200,13 @@ std::vector<RecordedEvent> RecordingHost::Events() const {
   return all;
 }
 
-void RecordingHost::Record(Call call) {
-  const bool throw_now = throw_countdown_ > 0 && --throw_countdown_ == 0;
+void RecordingHost::SetDestroyEventThrows(bool throws) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  destroy_event_throws_ = throws;
+}
+
+void RecordingHost::Record(Call call, bool fails) {
+  const bool throw_now = (throw_countdown_ > 0 && --throw_countdown_ == 0) || fails;
   call.threw = throw_now;
   const auto event = events_.find(call.event);
   if (event != events_.end()) event->second->record.calls.push_back(call);
@@ -204,11 +228,12 @@ int RecordingHost::EntityNumber(orbo_entity::EntityBase* base) const {
 }
 
 IOrboEvent* RecordingHost::CreateEvent() {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kCreateEvent;
-  if (create_event_fails_) {
-    Record(call);
+  if (create_event_fails_ || throw_countdown_ == 1) {
+    Record(call);  // throws when armed: the library gets no event, so none is created
     return nullptr;
   }
   auto state = std::make_unique<EventState>();
@@ -221,10 +246,12 @@ IOrboEvent* RecordingHost::CreateEvent() {
   event_numbers_[object] = state->record.number;
   events_[state->record.number] = std::move(state);
   Record(call);
+  ++open_count_;
   return object;
 }
 
 void* RecordingHost::CreateEntity(int32_t type) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   EventState* state = OpenEventOfThisThread();
   Call call;
@@ -248,6 +275,7 @@ void* RecordingHost::CreateEntity(int32_t type) {
 
 void RecordingHost::RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
                              OpValue value) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kEntityOp;
@@ -263,6 +291,7 @@ void RecordingHost::RecordOp(RecordedEntity& entity, const char* iface, int op, 
 }
 
 int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t second, EventParams* params) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kSubmitEvent;
@@ -278,6 +307,7 @@ int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t sec
   call.event = state == nullptr ? 0 : state->record.number;
   const bool will_throw = throw_countdown_ == 1;
   if (state != nullptr && !will_throw) {
+    --open_count_;
     state->record.outcome = RecordedEvent::Outcome::kSubmitted;
     open_event_.erase(state->thread);
   }
@@ -286,13 +316,15 @@ int32_t RecordingHost::SubmitEvent(IOrboEvent* event, int32_t first, int32_t sec
 }
 
 void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   EventState& state = *events_.at(event.number());
   Call call;
   call.fn = Call::Fn::kDestroyEvent;
   call.event = state.record.number;
   call.first_code = flags;
-  Record(call);
+  Record(call, destroy_event_throws_);
+  --open_count_;
   state.record.outcome = RecordedEvent::Outcome::kDestroyed;
   open_event_.erase(state.thread);
   event_numbers_.erase(state.object.get());
@@ -301,6 +333,7 @@ void RecordingHost::DestroyEvent(Event& event, int32_t flags) {
 
 void RecordingHost::AttachEntityList(Event& event, int32_t id,
                                      const std::vector<orbo_entity::EntityBase*>& entities) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kAttachEntityList;
@@ -312,6 +345,7 @@ void RecordingHost::AttachEntityList(Event& event, int32_t id,
 }
 
 void RecordingHost::AttachEntity(Event& event, int32_t id, orbo_entity::EntityBase* entity) {
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   Call call;
   call.fn = Call::Fn::kAttachEntity;

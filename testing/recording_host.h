@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "platform/telemetry_api.h"
+#include "testing/host_bookkeeping.h"
 #include "testing/web_service_fake.h"
 
 namespace oet_testing {
@@ -97,6 +98,8 @@ class RecordingHost {
   void SetCreateEntityFails(int32_t type, bool fails);
   // Makes the n-th host-visible call from now on throw (1-based); 0 disarms.
   void ThrowAtCall(int n);
+  // Makes every DestroyEvent throw (after it is recorded), leaving its event open.
+  void SetDestroyEventThrows(bool throws);
 
   // Every call so far, in order, across events.
   std::vector<Call> Log() const;
@@ -106,6 +109,8 @@ class RecordingHost {
   std::vector<RecordedEvent> TakeEvents();
   // The events not yet taken, without taking them.
   std::vector<RecordedEvent> Events() const;
+  // How many events are open now: created and neither submitted nor destroyed (taken or not).
+  int OpenEventCount() const;
 
   // Called by the recording entities.
   void RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
@@ -123,8 +128,8 @@ class RecordingHost {
   void AttachEntityList(Event& event, int32_t id, const std::vector<orbo_entity::EntityBase*>& entities);
   void AttachEntity(Event& event, int32_t id, orbo_entity::EntityBase* entity);
 
-  // Appends a call to the log and its event; throws when the call is the armed one.
-  void Record(Call call);
+  // Appends a call to the log and its event; throws when the call is the armed one, or when `fails`.
+  void Record(Call call, bool fails = false);
   EventState* OpenEventOfThisThread();
   int EntityNumber(orbo_entity::EntityBase* base) const;
 
@@ -134,6 +139,7 @@ class RecordingHost {
   std::map<int, std::unique_ptr<EventState>> events_;  // by number
   std::unordered_map<IOrboEvent*, int> event_numbers_;
   int event_count_ = 0;
+  int open_count_ = 0;
   int first_untaken_ = 1;
   std::vector<Call> log_;
   std::vector<std::unique_ptr<RecordedEntity>> stray_entities_;  // requested while no event was open
@@ -142,6 +148,7 @@ class RecordingHost {
   bool create_event_fails_ = false;
   std::set<int32_t> failing_types_;
   int throw_countdown_ = 0;
+  bool destroy_event_throws_ = false;
 };
 
 // State shared by every recording entity.

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "platform/kst_convert.h"
 
@@ -63,19 +64,34 @@ void WebServiceFake::Count(int op) {
 }
 
 Kst::CStringT<wchar_t> WebServiceFake::GetAccountDomain(int32_t /*which*/) {
+  HostBookkeeping bookkeeping;
   Count(35);
   std::lock_guard<std::mutex> lock(mutex_);
   return Kst::Utf8ToWide(domain_);
 }
 
 Kst::CStringT<wchar_t> WebServiceFake::GetAccountWebUrl(int32_t /*which*/, int32_t /*variant*/) {
+  HostBookkeeping bookkeeping;
   Count(37);
   std::lock_guard<std::mutex> lock(mutex_);
   return Kst::Utf8ToWide(web_url_);
 }
 
+void WebServiceFake::SetFillHook(std::function<void()> hook) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  fill_hook_ = std::move(hook);
+}
+
 void WebServiceFake::FillClientContext(ClientContext& context) {
-  Count(97);
+  std::function<void()> hook;
+  {
+    HostBookkeeping bookkeeping;
+    Count(97);
+    std::lock_guard<std::mutex> lock(mutex_);
+    hook = fill_hook_;
+  }
+  if (hook) hook();  // the library's own work again, should it call back
+  HostBookkeeping bookkeeping;
   std::lock_guard<std::mutex> lock(mutex_);
   context.web_service_value = Kst::Utf8ToWide(context_.value);
   context.web_service_second = Kst::Utf8ToWide(context_.second);
@@ -84,12 +100,14 @@ void WebServiceFake::FillClientContext(ClientContext& context) {
 }
 
 ICVShortKeyLookup* WebServiceFake::GetShortKeyLookup() {
+  HostBookkeeping bookkeeping;
   Count(100);
   std::lock_guard<std::mutex> lock(mutex_);
   return lookup_present_ ? this : nullptr;
 }
 
 int32_t WebServiceFake::FindKey(const Kst::CStringT<char>& identifier, Kst::CStringT<char>& key) {
+  HostBookkeeping bookkeeping;
   Count(22);
   std::lock_guard<std::mutex> lock(mutex_);
   if (short_keys_.count(identifier.c_str()) == 0) return 0;
@@ -98,6 +116,7 @@ int32_t WebServiceFake::FindKey(const Kst::CStringT<char>& identifier, Kst::CStr
 }
 
 void WebServiceFake::ResolveShortKey(const Kst::CStringT<char>& key, Kst::CStringT<char>& short_key) {
+  HostBookkeeping bookkeeping;
   Count(25);
   std::lock_guard<std::mutex> lock(mutex_);
   // Only the intermediate key that FindKey wrote resolves; the identifier itself does not.

@@ -4,11 +4,13 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
 
 #include "platform/web_service.h"
+#include "testing/host_bookkeeping.h"
 
 namespace oet_testing {
 
@@ -30,6 +32,9 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
   void SetLookupPresent(bool present);
   // While set, every operation throws.
   void SetThrowing(bool throwing);
+  // Runs `hook` inside every FillClientContext, before the record is written (a host that calls back
+  // into the library, or waits for another thread, while it fills). Null removes it.
+  void SetFillHook(std::function<void()> hook);
 
   // Calls of an operation so far, by its number (35, 37, 97, 100; 22 and 25 of the lookup).
   int CallCount(int op) const;
@@ -52,6 +57,7 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
   bool lookup_present_ = true;
   std::atomic<bool> throwing_{false};
   std::map<int, int> calls_;
+  std::function<void()> fill_hook_;
 };
 
 }  // namespace oet_testing

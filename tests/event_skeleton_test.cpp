@@ -173,21 +173,39 @@ TEST_F(TabEventTest, BodyLeftOutWhenTheHostGivesNone) {
     EXPECT_EQ(call.find("AttachEntity 201"), std::string::npos);
 }
 
-// A host operation that throws, at every position of a tab switch: the export returns 0 and the call
-// sequence stops there. Leaks would show under the sanitizer build.
-TEST_F(TabEventTest, HostThatThrowsAtAnyCallGivesZero) {
+// A host operation that throws, at every position of a tab switch: the export returns 0, the call
+// sequence stops there, and the event, once created, is destroyed rather than left open in the host.
+// Leaks would show under the sanitizer build.
+TEST_F(TabEventTest, HostThatThrowsAtAnyCallGivesZeroAndDestroysTheEvent) {
   for (size_t position = 1; position <= kChatToPhone.size(); ++position) {
     oet::ResetClientContextForTesting();
     host.TakeEvents();
     host.ThrowAtCall(static_cast<int>(position));
     EXPECT_EQ(SwitchTabs(1, 3), 0) << "throwing at call " << position;
-    const auto calls = Calls();
-    ASSERT_EQ(calls.size(), position);
+    auto calls = Calls();
+    const bool event_created = position > 1;
+    ASSERT_EQ(calls.size(), position + (event_created ? 1 : 0));
+    if (event_created) {
+      EXPECT_EQ(calls.back(), "DestroyEvent 1");
+      calls.pop_back();
+      ASSERT_EQ(host.Events().size(), 1u);
+      EXPECT_EQ(host.Events()[0].outcome, RecordedEvent::Outcome::kDestroyed);
+    }
     EXPECT_EQ(calls.back(), kChatToPhone[position - 1] + " (threw)");
   }
   host.web_service().SetThrowing(true);
   oet::ResetClientContextForTesting();
   EXPECT_EQ(SwitchTabs(1, 3), 0);
+}
+
+// Should the destroy itself throw, the export still returns 0 and the event stays open in the host.
+TEST_F(TabEventTest, DestroyThatThrowsLeavesTheEventOpen) {
+  host.ThrowAtCall(3);
+  host.SetDestroyEventThrows(true);
+  EXPECT_EQ(SwitchTabs(1, 3), 0);
+  EXPECT_EQ(Calls().back(), "DestroyEvent 1 (threw)");
+  ASSERT_EQ(host.Events().size(), 1u);
+  EXPECT_EQ(host.Events()[0].outcome, RecordedEvent::Outcome::kOpen);
 }
 
 TEST_F(TabEventTest, TrackingValuesAreCutAtNulAndSetEvenWhenEmpty) {
@@ -215,17 +233,19 @@ TEST_F(ClientContextTest, FilledOnceThenNeverAskedAgain) {
 TEST_F(ClientContextTest, StaysUnfilledWithoutWebServiceAndRefreshesWhileUnfilled) {
   host.SetWebServicePresent(false);
   const uint64_t queries = KstHost::SystemQueryCount();
-  const ClientContext unfilled = oet::RefreshedClientContext();
-  EXPECT_TRUE(unfilled.os_name.IsEmpty());
-  EXPECT_TRUE(unfilled.system_product_name.IsEmpty());
-  EXPECT_EQ(unfilled.total_ram_gb, 0);
+  {
+    const oet::ClientFactsView unfilled = oet::RefreshedClientFacts();
+    EXPECT_TRUE(unfilled->os_name.empty);
+    EXPECT_TRUE(unfilled->system_product_name.empty);
+    EXPECT_EQ(unfilled->total_ram_gb, 0);
+  }
   EXPECT_EQ(KstHost::SystemQueryCount(), queries);
 
   host.SetWebServicePresent(true);
   host.web_service().SetContextAnswer({"", "", "", ""});  // the web service leaves the value empty
   const int fills = host.web_service().CallCount(97);
-  oet::RefreshedClientContext();
-  oet::RefreshedClientContext();
+  EXPECT_EQ(oet::RefreshedClientFacts()->os_name.utf8, "windows");
+  oet::RefreshedClientFacts();
   EXPECT_EQ(host.web_service().CallCount(97), fills + 2);
 }
 
@@ -243,6 +263,43 @@ TEST_F(ClientContextTest, MissingFactsAreUnknownClearedOrEmptyByField) {
                            "#1 ClientEntity.12 SetLanguage \"\"",
                            "#1 ClientEntity.7 ClearTotalRam",
                        }));
+}
+
+// A web service that calls back into the library while it fills the cache: the nested calls see the
+// unfilled cache (no second fill, no abort, no deadlock), and the outer call then the filled one.
+TEST_F(ClientContextTest, HostCallingBackDuringTheFillSeesTheUnfilledCache) {
+  OrboPTPAAP::PTClientDeviceEntityStruct nested;
+  int nested_result = -1;
+  host.web_service().SetFillHook([&] {
+    if (nested_result != -1) return;
+    nested_result = SwitchTabs(2, 1);
+    OrboPTPAAP::RetrieveClientDeviceInfo(nested);
+  });
+  EXPECT_EQ(SwitchTabs(1, 3), 1);
+  host.web_service().SetFillHook(nullptr);
+  EXPECT_EQ(nested_result, 1);
+  EXPECT_EQ(nested.os_name, "");
+  EXPECT_EQ(host.web_service().CallCount(97), 1);
+  const auto events = host.Events();
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_THAT(Describe(events[0].calls), ::testing::Contains("#1 DeviceInfo.2 SetWebServiceValue \"\""));
+  EXPECT_THAT(Describe(events[1].calls),
+              ::testing::Contains("#1 DeviceInfo.2 SetWebServiceValue \"ws-value\""));
+}
+
+// A web service that, while it fills, waits for another thread's export call: that thread must not wait
+// for this fill in turn (it refreshes on its own), or both would hang.
+TEST_F(ClientContextTest, HostWaitingForAnotherThreadDuringTheFillDoesNotDeadlock) {
+  std::atomic<bool> waited{false};
+  std::atomic<int> other_result{-1};
+  host.web_service().SetFillHook([&] {
+    if (waited.exchange(true)) return;
+    std::thread other([&] { other_result = SwitchTabs(2, 1); });
+    other.join();
+  });
+  EXPECT_EQ(SwitchTabs(1, 3), 1);
+  host.web_service().SetFillHook(nullptr);
+  EXPECT_EQ(other_result.load(), 1);
 }
 
 // Exports called from several threads at once, from an unfilled cache (the threads race to fill it)
@@ -283,7 +340,7 @@ TEST_P(ConcurrentExportsTest, EveryEventWholeAndStateConsistent) {
   }
   for (const auto& event : events)
     EXPECT_EQ(Describe(event.calls).back(), "SubmitEvent 3 1 params=0");
-  EXPECT_EQ(oet::CopyPostMeetingStrings().text3, L"meeting");
+  EXPECT_EQ(oet::SnapshotPostMeetingStrings().strings.text3, L"meeting");
 }
 
 INSTANTIATE_TEST_SUITE_P(Threads, ConcurrentExportsTest, ::testing::Bool(),

@@ -43,7 +43,8 @@ TEST_P(WideRoundTripTest, SameBytesOnEveryPlatform) {
   const Kst::CStringT<wchar_t> wide = Kst::Utf8ToWide(c.utf8_in);
   EXPECT_EQ(wide.GetLength(), kUtf16 ? c.utf16_units : c.utf32_units);
   EXPECT_EQ(Kst::WideToUtf8(wide), c.utf8_out);
-  EXPECT_EQ(oet::ToUtf8(wide), c.utf8_out);
+  // The library reads host strings up to their first NUL, wide ones as narrow ones.
+  EXPECT_EQ(oet::ToUtf8(wide), c.utf8_out.substr(0, c.utf8_out.find('\0')));
   EXPECT_EQ(wide.IsEmpty(), c.utf8_in.empty());
 }
 
@@ -61,6 +62,37 @@ INSTANTIATE_TEST_SUITE_P(
         RoundTrip{"SupplementaryCutShortAtEnd", "x\xF0\x9F\x98", "x" + kReplacement, 2, 2},
         RoundTrip{"OverlongAndOutOfRange", "\xC0\x80\xF5", kReplacement + kReplacement + kReplacement, 3, 3}),
     [](const testing::TestParamInfo<RoundTrip>& info) { return std::string(info.param.name); });
+
+// Narrow and wide host strings follow one rule: the text up to the first NUL, whatever its length
+// (short texts are converted on the stack, long ones in the result itself).
+struct NulCase {
+  const char* name;
+  std::string utf8;
+  std::string sent;
+};
+
+void PrintTo(const NulCase& c, std::ostream* os) {
+  *os << c.name;
+}
+
+class NulRuleTest : public testing::TestWithParam<NulCase> {};
+
+TEST_P(NulRuleTest, NarrowAndWideCutAtTheFirstNul) {
+  const NulCase& c = GetParam();
+  EXPECT_EQ(oet::TextOf(Kst::CStringT<char>(c.utf8.data(), static_cast<int>(c.utf8.size()))), c.sent);
+  EXPECT_EQ(oet::ToUtf8(Kst::Utf8ToWide(c.utf8)), c.sent);
+}
+
+const std::string kLong(1000, 'x');
+INSTANTIATE_TEST_SUITE_P(
+    All, NulRuleTest,
+    testing::Values(NulCase{"NoNul", "abc", "abc"}, NulCase{"NulInside", std::string("a\0b", 3), "a"},
+                    NulCase{"NulFirst", std::string("\0b", 2), ""},
+                    NulCase{"LongWithNulLate", kLong + std::string("\0b", 2), kLong},
+                    NulCase{"SupplementaryAtStackEdge", std::string(62, 'y') + "\xF0\x9F\x98\x80z",
+                            std::string(62, 'y') + "\xF0\x9F\x98\x80z"},
+                    NulCase{"LongSupplementary", kLong + "\xF0\x9F\x98\x80", kLong + "\xF0\x9F\x98\x80"}),
+    [](const testing::TestParamInfo<NulCase>& info) { return std::string(info.param.name); });
 
 // Wide units that are not well-formed text: a surrogate without its partner means the same broken
 // text on both platforms and becomes one U+FFFD each.

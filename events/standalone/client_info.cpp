@@ -29,11 +29,11 @@ int RetrieveClientProductInfo(PTClientProductEntityStruct& info) {
 int RetrieveClientDeviceInfo(PTClientDeviceEntityStruct& info) {
   return oet::Guarded(
       [&] {
-        const ClientContext context = oet::RefreshedClientContext();
-        info.web_service_value = oet::ToUtf8(context.web_service_value);
-        info.device_product = oet::ToUtf8(context.system_product_name);
-        info.os_name = oet::ToUtf8(context.os_name);
-        info.os_version = oet::ToUtf8(context.os_version);
+        const oet::ClientFactsView facts = oet::RefreshedClientFacts();
+        info.web_service_value = facts->web_service_value.utf8;
+        info.device_product = facts->system_product_name.utf8;
+        info.os_name = facts->os_name.utf8;
+        info.os_version = facts->os_version.utf8;
         return 1;
       },
       1);

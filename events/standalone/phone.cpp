@@ -1,5 +1,7 @@
 // The phone interaction event: four context entities of its own (354, 376, the call detail 369 when
 // asked for, and the product 377 with the account's web domain) and the phone body (370).
+#include <utility>
+
 #include "core/event.h"
 #include "core/host.h"
 #include "core/timestamp.h"
@@ -87,12 +89,12 @@ int TrackingPhoneInteractEvent(const PTTrackingInfo_s& tracking, const PhoneInte
     auto* detail = BuildCallDetail(*event, info);
     auto* context = BuildPhoneContext(*event, tracking, info);
     auto* product = BuildProduct(*event);
-    oet::ContextList list;
+    oet::ContextList list(4);
     list.AddSlot(first);
     list.Add(context);
     if (info.call_detail != 0) list.Add(detail);
     list.Add(product);
-    event->AttachContext(list);
+    event->AttachContext(std::move(list));
     if (auto* body = event->Create<PhoneBodyEntity>()) {
       FillPhoneBody(*body, info);
       event->AttachBody(body);

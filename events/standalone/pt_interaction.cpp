@@ -17,7 +17,7 @@ int TrackingPTInteractEvent(const PTTrackingInfo_s& tracking, const PTInteractIn
     if (auto* body = event->Create<orbo_entity::TabSwitchEntity>()) {
       body->Prepare();
       body->SetAction("switch_tab");
-      body->SetWebServiceValue(oet::ToUtf8(oet::RefreshedClientContext().web_service_value));
+      body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
       const std::string first_tab = oet::TabToString(info.first_tab);
       const std::string second_tab = oet::TabToString(info.second_tab);
       body->SetFirstTab(first_tab);

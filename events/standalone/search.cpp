@@ -1,5 +1,6 @@
 // The global search events: one event per step of a search, its body chosen by the step.
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/context_entities.h"
@@ -127,9 +128,9 @@ int TrackingPTSearchEvent(const PTTrackingInfo_s& tracking, const SearchInteract
   return oet::Guarded([&] {
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList context = event->CommonContext(tracking);
+    oet::ContextList context = event->CommonContext(tracking, 1);
     context.Add(BuildSearchContext(*event, info));
-    event->AttachContext(context);
+    event->AttachContext(std::move(context));
     switch (info.search_action) {
       case 1:
         event->AttachBody(BuildInitiateBody(*event, info));
@@ -157,7 +158,7 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
   return oet::Guarded([&] {
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList context;
+    oet::ContextList context(4);
     if (auto* session = event->Create<SearchSessionEntity>()) {
       oet::FillTrackingValues(*session, tracking);
       oet::SetOrClear(session, &SearchSessionEntity::ClearSessionId, &SearchSessionEntity::SetSessionId,
@@ -189,7 +190,7 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
       metrics->SetElapsedMs(info.elapsed_ms);
       context.Add(metrics);
     }
-    event->AttachContext(context);
+    event->AttachContext(std::move(context));
     if (auto* body = event->Create<SearchPageEntity>()) {
       body->SetAction(oet::SearchActionToString(info.search_action));
       body->SetEntry(oet::SearchEntryToString(info.entry));

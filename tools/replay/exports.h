@@ -65,7 +65,18 @@ const Entry* FindByName(const std::vector<Entry>& entries, const std::string& na
   return nullptr;
 }
 
+// True on this thread while a prepared call is inside the export itself (not reading or writing its
+// records): fault-injection tests use it to fail only what the export does.
+inline thread_local bool t_in_export = false;
+
 namespace detail {
+
+struct InExport {
+  InExport() { t_in_export = true; }
+  ~InExport() { t_in_export = false; }
+  InExport(const InExport&) = delete;
+  InExport& operator=(const InExport&) = delete;
+};
 
 template <class P>
 using RecordOf = std::remove_cv_t<std::remove_reference_t<P>>;
@@ -109,9 +120,14 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
     return [fn, names, records]() {
       CallResult out;
       if constexpr (std::is_void_v<Ret>) {
+        InExport in_export;
         std::apply(fn, *records);
       } else {
-        out.result = std::apply(fn, *records);
+        Ret result = [&] {
+          InExport in_export;
+          return std::apply(fn, *records);
+        }();
+        out.result = std::move(result);
       }
       ((kFills<Params> ? void(out.filled[names[I]] = Codec<RecordOf<Params>>::Write(std::get<I>(*records)))
                        : void()),
