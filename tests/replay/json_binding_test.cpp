@@ -185,6 +185,45 @@ TEST(ExportTest, RejectsUnknownArgumentsAndRunsNothing) {
               ElementsAre("field \"inn\": unknown argument of Test::FillItem (arguments: in, out)"));
 }
 
+// The event catalog calls every export with sample records: each export's canonical record must read
+// back without a problem, and every member must be listed once (a member type without a Sample in
+// its codec would give null here and fail to read).
+TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
+  for (const auto& entry : Exports()) {
+    SampleBuilder samples(3);
+    const Json arguments = entry.sample(samples);
+    Issues issues;
+    EXPECT_TRUE(entry.prepare(arguments, issues)) << entry.name << ": " << arguments.dump();
+    EXPECT_THAT(issues.messages(), ::testing::IsEmpty()) << entry.name;
+    std::vector<std::string> paths;
+    for (const auto& leaf : samples.leaves())
+      paths.push_back(leaf.path);
+    std::sort(paths.begin(), paths.end());
+    EXPECT_EQ(std::adjacent_find(paths.begin(), paths.end()), paths.end()) << entry.name;
+  }
+}
+
+TEST(SampleTest, GivesEveryMemberADistinctCanonicalValueAndTheValuesToTry) {
+  SampleBuilder samples(2);
+  const Json canonical = Codec<Outer>::Sample(samples, "o", "o");
+  EXPECT_EQ(
+      canonical.dump(),
+      R"({"mode":1,"items":[{"n":2,"label":"o.items[0].label"},{"n":4,"label":"o.items[1].label"}],)"
+      R"("counts":{"o.counts":6},"when":"2026-03-09T08:07:00.000Z","single":{"n":8,"label":"o.single.label"}})");
+  std::vector<std::string> listed;
+  for (const auto& leaf : samples.leaves())
+    listed.push_back(leaf.path + " " + leaf.type + " " + leaf.none.dump() + " " + leaf.other.dump() + " " +
+                     Json(leaf.scan).dump());
+  EXPECT_THAT(listed,
+              ElementsAre("o.mode int16 0 2 [-1,0,1,2,-32768,32767]",
+                          "o.items list [] [{\"n\":2,\"label\":\"o.items[0].label\"}] []",
+                          "o.items[].n int32 0 1 [-1,0,1,2,-2147483648,2147483647]",
+                          "o.items[].label wide text \"\" \"other o.items[0].label\" []",
+                          "o.counts map {} <discarded> []", "o.when time 0 \"2026-03-10T08:07:00.000Z\" []",
+                          "o.single.n int32 0 1 [-1,0,1,2,-2147483648,2147483647]",
+                          "o.single.label wide text \"\" \"other o.single.label\" []"));
+}
+
 TEST(ExportTest, EveryLibraryExportIsRegisteredOnce) {
   std::vector<std::string> names;
   for (const auto& entry : Exports())

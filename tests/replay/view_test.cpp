@@ -17,60 +17,61 @@ using oet_testing::OpKind;
 using oet_testing::OpValue;
 using oet_testing::RecordedEvent;
 
-Call Entity(int32_t type, int number) {
+// A host call of kind `fn`, filled in by `set`.
+template <class Set>
+Call Made(Call::Fn fn, Set set) {
   Call call;
-  call.fn = Call::Fn::kCreateEntity;
-  call.type = type;
-  call.entity = number;
+  call.fn = fn;
+  set(call);
   return call;
+}
+
+Call Entity(int32_t type, int number) {
+  return Made(Call::Fn::kCreateEntity, [&](Call& c) {
+    c.type = type;
+    c.entity = number;
+  });
 }
 
 Call Op(int number, int32_t type, const char* name, OpKind kind, OpValue value = {}) {
-  Call call;
-  call.fn = Call::Fn::kEntityOp;
-  call.entity = number;
-  call.type = type;
-  call.iface = "I";
-  call.op = 1;
-  call.name = name;
-  call.kind = kind;
-  call.value = std::move(value);
-  return call;
+  return Made(Call::Fn::kEntityOp, [&](Call& c) {
+    c.entity = number;
+    c.type = type;
+    c.iface = "I";
+    c.op = 1;
+    c.name = name;
+    c.kind = kind;
+    c.value = std::move(value);
+  });
 }
 
 Call List(int32_t id, std::vector<int> entities) {
-  Call call;
-  call.fn = Call::Fn::kAttachEntityList;
-  call.attachment_id = id;
-  call.entities = std::move(entities);
-  return call;
+  return Made(Call::Fn::kAttachEntityList, [&](Call& c) {
+    c.attachment_id = id;
+    c.entities = std::move(entities);
+  });
 }
 
 Call Single(int32_t id, int entity) {
-  Call call;
-  call.fn = Call::Fn::kAttachEntity;
-  call.attachment_id = id;
-  call.entity = entity;
-  return call;
+  return Made(Call::Fn::kAttachEntity, [&](Call& c) {
+    c.attachment_id = id;
+    c.entity = entity;
+  });
 }
 
-Call Submit(int32_t first, int32_t second, long long params = 0) {
-  Call call;
-  call.fn = Call::Fn::kSubmitEvent;
-  call.first_code = first;
-  call.second_code = second;
-  call.params = params;
-  return call;
+Call Submit(int32_t first, int32_t second) {
+  return Made(Call::Fn::kSubmitEvent, [&](Call& c) {
+    c.first_code = first;
+    c.second_code = second;
+    c.params = 0;
+  });
 }
 
 RecordedEvent Event(int number, RecordedEvent::Outcome outcome, std::vector<Call> calls) {
   RecordedEvent event;
   event.number = number;
   event.outcome = outcome;
-  Call create;
-  create.fn = Call::Fn::kCreateEvent;
-  create.event = number;
-  event.calls.push_back(create);
+  event.calls.push_back(Made(Call::Fn::kCreateEvent, [&](Call& c) { c.event = number; }));
   event.calls.insert(event.calls.end(), calls.begin(), calls.end());
   return event;
 }
@@ -111,10 +112,8 @@ TEST(ViewTest, ShowsDestroyedAndOpenEventsAndTheCallThatThrew) {
   result.result = 0;
   Call threw = Entity(283, 1);
   threw.threw = true;
-  Call destroy;
-  destroy.fn = Call::Fn::kDestroyEvent;
-  destroy.first_code = 1;
-  const RecordedEvent destroyed = Event(1, RecordedEvent::Outcome::kDestroyed, {destroy});
+  const RecordedEvent destroyed = Event(1, RecordedEvent::Outcome::kDestroyed,
+                                        {Made(Call::Fn::kDestroyEvent, [](Call& c) { c.first_code = 1; })});
   const RecordedEvent open = Event(2, RecordedEvent::Outcome::kOpen, {threw});
   EXPECT_EQ(ViewOfCall(4, "Ns::Export", Json(), result, {destroyed, open}),
             "line 4  Ns::Export -> 0\n"

@@ -31,16 +31,10 @@ constexpr int64_t kRunSpacingMs = 3600 * 1000;      // between independent calls
 constexpr int64_t kLongestWindowMs = 86400 * 1000;  // rate limits are measured up to a day
 
 std::string Ordinal(int n) {
-  switch (n) {
-    case 1:
-      return "1st";
-    case 2:
-      return "2nd";
-    case 3:
-      return "3rd";
-    default:
-      return std::to_string(n) + "th";
-  }
+  const int last = n % 10;
+  const bool teen = n % 100 >= 11 && n % 100 <= 13;
+  const char* suffix = teen ? "th" : last == 1 ? "st" : last == 2 ? "nd" : last == 3 ? "rd" : "th";
+  return std::to_string(n) + suffix;
 }
 
 // ---- What one call did ----
@@ -67,6 +61,8 @@ struct EntitySeen {
 struct Seen {
   std::string result;  // the return value as JSON text
   bool sent = false;   // an event was submitted
+  std::string gate;    // "returns 0 and sends nothing"
+  std::string events;  // "one event, submitted with the codes 3 1"
   std::vector<std::string> outcomes;
   std::vector<EntitySeen> entities;
   int null_entries = 0;  // in attached lists
@@ -79,13 +75,27 @@ struct Seen {
     }
     return nullptr;
   }
-  std::optional<std::string> Filled(const std::string& path) const {
+  const std::string* Filled(const std::string& path) const {
     for (const auto& [member, value] : filled) {
-      if (member == path) return value;
+      if (member == path) return &value;
     }
-    return std::nullopt;
+    return nullptr;
   }
 };
+
+std::string Gate(const Seen& seen) {
+  return (seen.result == "null" ? std::string("returns nothing") : "returns " + seen.result) +
+         (seen.sent ? "" : " and sends nothing");
+}
+
+std::string Events(const Seen& seen) {
+  if (seen.outcomes.empty()) return "no event";
+  std::string text =
+      seen.outcomes.size() == 1 ? "one event, " : std::to_string(seen.outcomes.size()) + " events: ";
+  for (size_t i = 0; i < seen.outcomes.size(); ++i)
+    text += (i == 0 ? "" : "; ") + seen.outcomes[i];
+  return text;
+}
 
 // What the catalog needs to know of an entity or an operation besides its key.
 struct EntityInfo {
@@ -145,9 +155,12 @@ class Observer {
             const std::string op = call.iface + "." + std::to_string(call.op);
             const int count = ++op_counts[it->second][op];
             OpSeen seen_op{op + "#" + std::to_string(count), ValueText(call.value)};
-            std::string label = "`" + call.iface + "." + std::to_string(call.op) + " " + call.name + "`";
-            if (count > 1) label += " (" + Ordinal(count) + " call)";
-            ops.emplace(entity.key + "|" + seen_op.key, OpInfo{label, oet_testing::KindName(call.kind)});
+            std::string key = entity.key + "|" + seen_op.key;
+            if (ops.find(key) == ops.end()) {
+              std::string label = "`" + op + " " + call.name + "`";
+              if (count > 1) label += " (" + Ordinal(count) + " call)";
+              ops.emplace(std::move(key), OpInfo{std::move(label), oet_testing::KindName(call.kind)});
+            }
             entity.ops.push_back(std::move(seen_op));
             break;
           }
@@ -193,6 +206,8 @@ class Observer {
       }
       seen.outcomes.push_back(outcome);
     }
+    seen.gate = Gate(seen);
+    seen.events = Events(seen);
     return seen;
   }
 };
@@ -231,17 +246,25 @@ class Runner {
   }
   static void At(int64_t ms) { KstHost::SetClock(Kst::Time::FromUnixMilliseconds(ms)); }
 
-  Seen Call(const ExportEntry& entry, const Json& arguments) {
-    Json line = arguments;
-    line["call"] = entry.name;
+  // Calls the export with `arguments` (an object with one member per argument). With `repeat`, makes
+  // the same call again at once and notes whether that one was dropped.
+  Seen Call(const ExportEntry& entry, const Json& arguments, bool repeat = false) {
     Issues issues;
-    const PreparedCall call = entry.prepare(line, issues);
+    const PreparedCall call = entry.prepare(arguments, issues);
     if (!call) {
       throw std::logic_error(entry.name + ": a catalog record does not read back: " +
                              (issues.empty() ? std::string() : issues.messages().front()));
     }
     const CallResult result = call();
-    return observer.Observe(result, host_->recording().TakeEvents());
+    Seen seen = observer.Observe(result, host_->recording().TakeEvents());
+    if (repeat && seen.sent) {
+      call();
+      bool sent = false;
+      for (const auto& event : host_->recording().TakeEvents())
+        sent = sent || event.outcome == RecordedEvent::Outcome::kSubmitted;
+      seen.repeat_dropped = !sent;
+    }
+    return seen;
   }
 
   Observer observer;
@@ -374,13 +397,14 @@ std::string NoneWord(const SampleLeaf& leaf) {
 }
 
 // The values of `leaf`, among those tried, for which the outcome was `want`.
-std::string ValuesWhere(const SampleLeaf& leaf, const std::vector<std::pair<Json, std::string>>& tried,
-                        const std::string& want) {
+using Tries = std::vector<std::pair<const Json*, const std::string*>>;
+
+std::string ValuesWhere(const SampleLeaf& leaf, const Tries& tried, const std::string& want) {
   std::vector<Json> yes;
   std::vector<Json> no;
   for (const auto& [value, outcome] : tried) {
-    auto& side = outcome == want ? yes : no;
-    if (std::find(side.begin(), side.end(), value) == side.end()) side.push_back(value);
+    auto& side = *outcome == want ? yes : no;
+    if (std::find(side.begin(), side.end(), *value) == side.end()) side.push_back(*value);
   }
   const std::string name = Code(leaf.path);
   if (!leaf.scan.empty()) {
@@ -414,7 +438,8 @@ struct Trial {
 // search step, say), so that the members feeding those entities show too.
 struct Base {
   Json arguments;
-  int leaf = -1;  // the member that differs from the canonical record
+  std::vector<Json> values;  // the value of each member
+  int leaf = -1;             // the member that differs from the canonical record
   Json value;
   Seen seen;
   Seen later;       // the same call later: values from the clock differ
@@ -424,7 +449,14 @@ struct Base {
 
 constexpr size_t kMostBases = 16;
 
-using Outcome = std::function<std::optional<std::string>(const Seen&)>;
+// What a call shows of one thing (an entity's presence, an operation's value, ...); null when the
+// call says nothing of it. The text lives in the Seen or is one of the words below.
+using Outcome = std::function<const std::string*(const Seen&)>;
+
+const std::string kYes = "yes";
+const std::string kNo = "no";
+const std::string kDropped = "dropped";
+const std::string kSentAgain = "sent again";
 
 struct Row {
   std::string key;  // entity key + "|" + op key, or the filled member's path
@@ -454,20 +486,6 @@ struct Report {
   std::vector<EntitySection> entities;
   std::vector<Row> filled;
 };
-
-std::string Gate(const Seen& seen) {
-  return (seen.result == "null" ? std::string("returns nothing") : "returns " + seen.result) +
-         (seen.sent ? "" : " and sends nothing");
-}
-
-std::string Events(const Seen& seen) {
-  if (seen.outcomes.empty()) return "no event";
-  std::string text =
-      seen.outcomes.size() == 1 ? "one event, " : std::to_string(seen.outcomes.size()) + " events: ";
-  for (size_t i = 0; i < seen.outcomes.size(); ++i)
-    text += (i == 0 ? "" : "; ") + seen.outcomes[i];
-  return text;
-}
 
 // "a, b or c".
 std::string Alternately(const std::vector<std::string>& parts, const char* last) {
@@ -511,11 +529,12 @@ class Study {
   void AddBase(const Json& arguments, int leaf, const Json& value) {
     Base base;
     base.arguments = arguments;
+    for (const auto& sample : leaves_)
+      base.values.push_back(GetAt(arguments, sample.path));
     base.leaf = leaf;
     base.value = value;
     runner_.NextSlot();
-    base.seen = runner_.Call(entry_, arguments);
-    if (base.seen.sent) base.seen.repeat_dropped = !runner_.Call(entry_, arguments).sent;
+    base.seen = runner_.Call(entry_, arguments, true);
     base.later = Once(arguments);
     runner_.NewHost(true);
     const std::pair<const char*, const char*> other_host[] = {
@@ -536,8 +555,7 @@ class Study {
   // A call at a fresh moment; with `repeat`, made again at once to see whether a repeat is dropped.
   void Call(Trial trial, const Json& arguments, bool repeat) {
     runner_.NextSlot();
-    trial.seen = runner_.Call(entry_, arguments);
-    if (repeat && trial.seen.sent) trial.seen.repeat_dropped = !runner_.Call(entry_, arguments).sent;
+    trial.seen = runner_.Call(entry_, arguments, repeat);
     if (trial.leaf >= 0) {
       bases_[static_cast<size_t>(trial.base)].runs_by_leaf[static_cast<size_t>(trial.leaf)].push_back(
           runs_.size());
@@ -626,14 +644,14 @@ class Study {
 
   // ---- Analysis ----
 
-  // The outcomes of `f` over the runs of member `leaf` from base `b`, the base's own first.
-  std::vector<std::pair<Json, std::string>> Tried(size_t b, size_t leaf, const Outcome& f) const {
+  // The outcomes of `f` over the runs of member `leaf` from base `b`, with the member's value in each,
+  // the base's own first.
+  Tries Tried(size_t b, size_t leaf, const Outcome& f) const {
     const Base& base = bases_[b];
-    std::vector<std::pair<Json, std::string>> tried;
-    if (const auto outcome = f(base.seen))
-      tried.emplace_back(GetAt(base.arguments, leaves_[leaf].path), *outcome);
+    Tries tried;
+    if (const std::string* outcome = f(base.seen)) tried.emplace_back(&base.values[leaf], outcome);
     for (const size_t index : base.runs_by_leaf[leaf]) {
-      if (const auto outcome = f(runs_[index].seen)) tried.emplace_back(runs_[index].value, *outcome);
+      if (const std::string* outcome = f(runs_[index].seen)) tried.emplace_back(&runs_[index].value, outcome);
     }
     return tried;
   }
@@ -655,23 +673,21 @@ class Study {
   // give it (joined by "or").
   std::string Condition(const Outcome& f, const std::string& want, Situations situations) const {
     const size_t b = Reference(f);
-    const auto usual_outcome = f(bases_[b].seen);
-    const bool usual = usual_outcome && *usual_outcome == want;
+    const std::string* usual_outcome = f(bases_[b].seen);
+    const bool usual = usual_outcome != nullptr && *usual_outcome == want;
     std::vector<std::string> parts;
     for (size_t leaf = 0; leaf < leaves_.size(); ++leaf) {
-      const auto tried = Tried(b, leaf, f);
-      const bool some =
-          std::any_of(tried.begin(), tried.end(), [&](const auto& t) { return t.second == want; });
-      const bool all =
-          std::all_of(tried.begin(), tried.end(), [&](const auto& t) { return t.second == want; });
-      if (some && !all) parts.push_back(ValuesWhere(leaves_[leaf], tried, want));
+      const Tries tried = Tried(b, leaf, f);
+      const auto gives = [&want](const auto& t) { return *t.second == want; };
+      if (std::any_of(tried.begin(), tried.end(), gives) && !std::all_of(tried.begin(), tried.end(), gives))
+        parts.push_back(ValuesWhere(leaves_[leaf], tried, want));
     }
     const bool named =
         situations == Situations::kAlways || (situations == Situations::kFallback && parts.empty());
     if (!usual && named && b == 0) {
       for (const auto& run : runs_) {
-        const auto outcome = run.situation.empty() || run.base != 0 ? std::nullopt : f(run.seen);
-        if (outcome && *outcome == want) parts.push_back(run.situation);
+        const std::string* outcome = run.situation.empty() || run.base != 0 ? nullptr : f(run.seen);
+        if (outcome != nullptr && *outcome == want) parts.push_back(run.situation);
       }
     }
     return usual ? Alternately(parts, "and") : Alternately(parts, "or");
@@ -680,12 +696,12 @@ class Study {
   // Every outcome of `f` other than the canonical call's, with when it comes.
   std::vector<std::pair<std::string, std::string>> Alternatives(const Outcome& f,
                                                                 Situations situations) const {
-    const auto canonical_outcome = f(canonical());
+    const std::string* canonical_outcome = f(canonical());
     std::vector<std::string> outcomes;
     for (const auto& run : runs_) {
       if (run.base != 0 || (situations == Situations::kNever && !run.situation.empty())) continue;
-      const auto outcome = f(run.seen);
-      if (outcome && outcome != canonical_outcome &&
+      const std::string* outcome = f(run.seen);
+      if (outcome != nullptr && (canonical_outcome == nullptr || *outcome != *canonical_outcome) &&
           std::find(outcomes.begin(), outcomes.end(), *outcome) == outcomes.end()) {
         outcomes.push_back(*outcome);
       }
@@ -700,26 +716,24 @@ class Study {
   void Sources(const Outcome& f, Row& row) const {
     row.base = static_cast<int>(Reference(f));
     const Base& reference = bases_[static_cast<size_t>(row.base)];
-    row.canonical = f(reference.seen);
-    const auto later = f(reference.later);
-    row.clock = row.canonical && later && *row.canonical != *later;
+    const auto differs = [&f](const Seen& usual, const Seen& seen) {
+      const std::string* a = f(usual);
+      const std::string* b = f(seen);
+      return a != nullptr && b != nullptr && *a != *b;
+    };
+    if (const std::string* value = f(reference.seen)) row.canonical = *value;
+    row.clock = differs(reference.seen, reference.later);
     if (row.clock) return;
     for (size_t leaf = 0; leaf < leaves_.size(); ++leaf) {
       for (size_t b = 0; b < bases_.size(); ++b) {
-        std::set<std::string> values;
-        for (const auto& [value, outcome] : Tried(b, leaf, f))
-          values.insert(outcome);
-        if (values.size() < 2) continue;
-        row.from.push_back(Code(leaves_[leaf].path) + " (" +
-                           Code(CompactText(GetAt(canonical_, leaves_[leaf].path))) + ")");
+        const Tries tried = Tried(b, leaf, f);
+        const auto other = [&tried](const auto& t) { return *t.second != *tried.front().second; };
+        if (tried.empty() || std::none_of(tried.begin(), tried.end(), other)) continue;
+        row.from.push_back(Code(leaves_[leaf].path) + " (" + Code(CompactText(bases_.front().values[leaf])) +
+                           ")");
         break;
       }
     }
-    const auto differs = [&f](const Seen& usual, const Seen& seen) {
-      const auto a = f(usual);
-      const auto b = f(seen);
-      return a && b && *a != *b;
-    };
     for (const auto& base : bases_)
       row.host = row.host || differs(base.seen, base.other_host);
     for (const auto& run : runs_) {
@@ -735,15 +749,15 @@ class Study {
 
   std::vector<std::string> Bullets() {
     std::vector<std::string> bullets;
-    const Outcome events = [](const Seen& seen) { return std::optional<std::string>(Events(seen)); };
-    std::string sends = "**Sends** " + Events(canonical()) + ".";
+    const Outcome events = [](const Seen& seen) { return &seen.events; };
+    std::string sends = "**Sends** " + canonical().events + ".";
     for (const auto& [outcome, when] : Alternatives(events, Situations::kAlways)) {
       if (outcome != "no event" && !when.empty()) sends += " Sends " + outcome + " when " + when + ".";
     }
     bullets.push_back(sends);
 
-    const Outcome gate = [](const Seen& seen) { return std::optional<std::string>(Gate(seen)); };
-    std::string returns = "**" + Gate(canonical()) + "**.";
+    const Outcome gate = [](const Seen& seen) { return &seen.gate; };
+    std::string returns = "**" + canonical().gate + "**.";
     returns[2] = 'R';
     for (const auto& [outcome, when] : Alternatives(gate, Situations::kAlways)) {
       std::string text = outcome;
@@ -759,7 +773,7 @@ class Study {
     for (const auto& entity : defaults.entities)
       requested +=
           (requested.empty() ? "" : ", ") + EntityTitle(runner_.observer.entities.at(entity.key).type);
-    bullets.push_back("**Default record** (every member 0 or empty): " + Gate(defaults) +
+    bullets.push_back("**Default record** (every member 0 or empty): " + defaults.gate +
                       (requested.empty() ? "" : "; requests " + requested) + ".");
 
     std::string unused;
@@ -778,20 +792,28 @@ class Study {
     return canonical();
   }
 
-  // Everything a call showed, values from the clock left out; the repeat only when `repeat`.
-  std::string Signature(const Seen& seen, bool repeat) const {
-    std::string text = seen.result + (seen.sent ? "+" : "-") + std::to_string(seen.null_entries);
-    if (repeat && seen.repeat_dropped) text += *seen.repeat_dropped ? "d" : "a";
-    for (const auto& outcome : seen.outcomes)
-      text += "|" + outcome;
-    for (const auto& entity : seen.entities) {
-      text += "|" + entity.key + "@" + entity.placement;
-      for (const auto& op : entity.ops)
-        text += ";" + op.key + "=" + (clock_rows_.count(entity.key + "|" + op.key) != 0 ? "" : op.value);
+  // Whether two calls showed the same, values from the clock aside; the repeat only when `repeat`.
+  bool SameShown(const Seen& a, const Seen& b, bool repeat) const {
+    if (a.result != b.result || a.sent != b.sent || a.null_entries != b.null_entries ||
+        a.outcomes != b.outcomes || (repeat && a.repeat_dropped != b.repeat_dropped) ||
+        a.entities.size() != b.entities.size() || a.filled.size() != b.filled.size()) {
+      return false;
     }
-    for (const auto& [path, value] : seen.filled)
-      text += "|" + path + "=" + (clock_rows_.count(path) != 0 ? "" : value);
-    return text;
+    for (size_t i = 0; i < a.entities.size(); ++i) {
+      const EntitySeen& x = a.entities[i];
+      const EntitySeen& y = b.entities[i];
+      if (x.key != y.key || x.placement != y.placement || x.ops.size() != y.ops.size()) return false;
+      for (size_t k = 0; k < x.ops.size(); ++k) {
+        if (x.ops[k].key != y.ops[k].key) return false;
+        if (x.ops[k].value != y.ops[k].value && clock_rows_.count(x.key + "|" + x.ops[k].key) == 0)
+          return false;
+      }
+    }
+    for (size_t i = 0; i < a.filled.size(); ++i) {
+      if (a.filled[i].first != b.filled[i].first) return false;
+      if (a.filled[i].second != b.filled[i].second && clock_rows_.count(a.filled[i].first) == 0) return false;
+    }
+    return true;
   }
 
   bool ChangesAnything(size_t leaf) const {
@@ -799,16 +821,16 @@ class Study {
       for (const size_t index : base.runs_by_leaf[leaf]) {
         const Seen& seen = runs_[index].seen;
         const bool repeat = base.seen.repeat_dropped.has_value() && seen.repeat_dropped.has_value();
-        if (Signature(seen, repeat) != Signature(base.seen, repeat)) return true;
+        if (!SameShown(seen, base.seen, repeat)) return true;
       }
     }
     return false;
   }
 
   std::string RateLimit() {
-    const Outcome repeat = [](const Seen& seen) -> std::optional<std::string> {
-      if (!seen.repeat_dropped) return std::nullopt;
-      return std::string(*seen.repeat_dropped ? "dropped" : "sent again");
+    const Outcome repeat = [](const Seen& seen) -> const std::string* {
+      if (!seen.repeat_dropped) return nullptr;
+      return *seen.repeat_dropped ? &kDropped : &kSentAgain;
     };
     Json arguments;
     if (canonical().repeat_dropped.value_or(false)) {
@@ -825,12 +847,12 @@ class Study {
     if (arguments.is_null()) return "**Rate limit**: none; the same call made again at once is sent again.";
     std::string text = "**Rate limit**: ";
     const bool usual = canonical().repeat_dropped.value_or(false);
-    if (!usual) text += "when " + Condition(repeat, "dropped", Situations::kNever) + ", ";
+    if (!usual) text += "when " + Condition(repeat, kDropped, Situations::kNever) + ", ";
     text += "the same call made again " + Window(arguments);
     if (usual) {
       const std::string keys = RateLimitKeys();
       if (!keys.empty()) text += "; calls that differ in " + keys + " are counted apart";
-      const std::string exceptions = Condition(repeat, "sent again", Situations::kNever);
+      const std::string exceptions = Condition(repeat, kSentAgain, Situations::kNever);
       if (!exceptions.empty()) text += "; a repeat is sent again when " + exceptions;
     }
     return text + ".";
@@ -843,7 +865,7 @@ class Study {
       runner_.Call(entry_, arguments);
       Runner::At(at + delay);
       const Seen again = runner_.Call(entry_, arguments);
-      return std::make_pair(!again.sent, Gate(again));
+      return std::make_pair(!again.sent, again.gate);
     };
     const auto [dropped, gate] = dropped_after(0);
     if (dropped_after(kLongestWindowMs).first) return "at any time within a day is dropped (" + gate + ")";
@@ -939,19 +961,17 @@ class Study {
     section.title = EntityTitle(info.type);
     if (info.occurrence > 1) section.title += " (" + Ordinal(info.occurrence) + ")";
     if (info.event > 1) section.title = "event " + std::to_string(info.event) + ": " + section.title;
-    const Outcome present = [key](const Seen& seen) {
-      return std::optional<std::string>(seen.Entity(key) != nullptr ? "yes" : "no");
-    };
-    const Outcome placement = [key](const Seen& seen) -> std::optional<std::string> {
+    const Outcome present = [key](const Seen& seen) { return seen.Entity(key) != nullptr ? &kYes : &kNo; };
+    const Outcome placement = [key](const Seen& seen) -> const std::string* {
       const EntitySeen* entity = seen.Entity(key);
-      if (entity == nullptr || !entity->given) return std::nullopt;
-      return entity->placement;
+      return entity == nullptr || !entity->given ? nullptr : &entity->placement;
     };
     const EntitySeen* usual = canonical().Entity(key);
-    section.requested = Condition(present, "yes", Situations::kFallback);
+    section.requested = Condition(present, kYes, Situations::kFallback);
     if (section.requested.empty()) section.requested = usual != nullptr ? "always" : "in other situations";
     const size_t reference = Reference(placement);
-    section.attached = placement(bases_[reference].seen).value_or("");
+    const std::string* attached = placement(bases_[reference].seen);
+    section.attached = attached == nullptr ? "" : *attached;
     for (const auto& [where, when] : Alternatives(placement, Situations::kNever)) {
       if (!when.empty() && where != section.attached) section.attached += "; " + where + " when " + when;
     }
@@ -963,18 +983,17 @@ class Study {
       row.key = row_key;
       row.label = op_info.label;
       row.kind = op_info.kind;
-      const Outcome value = [key, op](const Seen& seen) -> std::optional<std::string> {
+      const Outcome value = [key, op](const Seen& seen) -> const std::string* {
         const EntitySeen* entity = seen.Entity(key);
         const OpSeen* found = entity == nullptr ? nullptr : entity->Op(op);
-        if (found == nullptr) return std::nullopt;
-        return found->value;
+        return found == nullptr ? nullptr : &found->value;
       };
-      const Outcome op_present = [key, op](const Seen& seen) -> std::optional<std::string> {
+      const Outcome op_present = [key, op](const Seen& seen) -> const std::string* {
         const EntitySeen* entity = seen.Entity(key);
-        if (entity == nullptr) return std::nullopt;
-        return std::string(entity->Op(op) != nullptr ? "yes" : "no");
+        if (entity == nullptr) return nullptr;
+        return entity->Op(op) != nullptr ? &kYes : &kNo;
       };
-      row.when = Condition(op_present, "yes", Situations::kFallback);
+      row.when = Condition(op_present, kYes, Situations::kFallback);
       Sources(value, row);
       if (!row.canonical) {
         // Called in none of the base calls: show a value from any call that made it.
@@ -998,7 +1017,7 @@ class Study {
     if (it == none_given_runs_.end()) return "";
     const Trial& trial = runs_[it->second];
     const Seen& usual = bases_[static_cast<size_t>(trial.base)].seen;
-    if (Gate(trial.seen) != Gate(usual)) return Gate(trial.seen);
+    if (trial.seen.gate != usual.gate) return trial.seen.gate;
     std::string text = trial.seen.null_entries > usual.null_entries ? "null entry" : "left out";
     return text + (trial.seen.sent ? ", still sent" : "");
   }
@@ -1019,8 +1038,8 @@ class Study {
 // Marks the rows whose value differs once the client context is filled (their value comes from the
 // host), and shows such rows with the value a filled context gives. `seen`: one call per base record.
 void ApplyFilledContext(Report& report, const std::vector<Seen>& seen) {
-  const auto update = [](Row& row, const std::optional<std::string>& value) {
-    if (row.clock || !value) return;
+  const auto update = [](Row& row, const std::string* value) {
+    if (row.clock || value == nullptr) return;
     if (row.canonical && *row.canonical != *value) row.host = true;
     if (row.host) row.value = *value;
   };
@@ -1029,7 +1048,7 @@ void ApplyFilledContext(Report& report, const std::vector<Seen>& seen) {
       const size_t bar = row.key.find('|');
       const EntitySeen* entity = seen[static_cast<size_t>(row.base)].Entity(row.key.substr(0, bar));
       const OpSeen* op = entity == nullptr ? nullptr : entity->Op(row.key.substr(bar + 1));
-      update(row, op == nullptr ? std::nullopt : std::optional<std::string>(op->value));
+      update(row, op == nullptr ? nullptr : &op->value);
     }
   }
   for (auto& row : report.filled)
@@ -1051,7 +1070,9 @@ std::string ValueCell(const Row& row) {
 }
 
 std::string Signature(const ExportEntry& entry) {
-  std::string text = entry.returns_value ? "returns a value" : "returns nothing";
+  const std::string result = entry.result_type;
+  const std::string text =
+      result == "void" ? "returns nothing" : "returns " + (result.empty() ? "a value" : result);
   std::string arguments;
   for (size_t i = 0; i < entry.arguments.size(); ++i) {
     arguments += (i == 0 ? "" : ", ") + Code(entry.arguments[i]) + " " + entry.argument_types[i];

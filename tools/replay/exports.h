@@ -35,7 +35,7 @@ struct ExportEntry {
   std::vector<std::string> arguments;
   std::vector<std::string> argument_types;  // the record of each argument, as its binding names it
   std::vector<bool> fills;                  // whether the export fills the argument
-  bool returns_value = true;                // false for an export that returns nothing
+  const char* result_type = "";             // "int", "bool", "void", or "" for another type
   // For the event catalog: canonical arguments (an object with one member per argument) whose members
   // are all listed in `samples`.
   std::function<Json(SampleBuilder& samples)> sample;
@@ -92,7 +92,10 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
   entry.arguments = {names[I]...};
   entry.argument_types = {BindingOf<RecordOf<Params>>().name...};
   entry.fills = {kFills<Params>...};
-  entry.returns_value = !std::is_void_v<Ret>;
+  entry.result_type = std::is_void_v<Ret>         ? "void"
+                      : std::is_same_v<Ret, bool> ? "bool"
+                      : std::is_same_v<Ret, int>  ? "int"
+                                                  : "";
   entry.sample = [names](SampleBuilder& samples) {
     Json arguments = Json::object();
     ((arguments[names[I]] = Codec<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);

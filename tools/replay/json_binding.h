@@ -167,31 +167,18 @@ struct IntegerCodec {
     samples.Add(std::move(leaf));
     return Json(static_cast<I>(canonical));
   }
-  static const char* TypeName() {
-    constexpr bool kSigned = std::numeric_limits<I>::is_signed;
-    switch (sizeof(I)) {
-      case 1:
-        return kSigned ? "int8" : "uint8";
-      case 2:
-        return kSigned ? "int16" : "uint16";
-      case 4:
-        return kSigned ? "int32" : "uint32";
-      default:
-        return kSigned ? "int64" : "uint64";
-    }
-  }
-  static const char* Width() {
-    constexpr bool kSigned = std::numeric_limits<I>::is_signed;
-    switch (sizeof(I)) {
-      case 1:
-        return kSigned ? "an 8-bit integer" : "an unsigned 8-bit integer";
-      case 2:
-        return kSigned ? "a 16-bit integer" : "an unsigned 16-bit integer";
-      case 4:
-        return kSigned ? "a 32-bit integer" : "an unsigned 32-bit integer";
-      default:
-        return kSigned ? "a 64-bit integer" : "an unsigned 64-bit integer";
-    }
+  static const char* TypeName() { return Names().first; }
+  static const char* Width() { return Names().second; }
+  // The type's short name ("int32") and how messages name it ("a 32-bit integer").
+  static std::pair<const char*, const char*> Names() {
+    static constexpr std::pair<const char*, const char*> kNames[4][2] = {
+        {{"uint8", "an unsigned 8-bit integer"}, {"int8", "an 8-bit integer"}},
+        {{"uint16", "an unsigned 16-bit integer"}, {"int16", "a 16-bit integer"}},
+        {{"uint32", "an unsigned 32-bit integer"}, {"int32", "a 32-bit integer"}},
+        {{"uint64", "an unsigned 64-bit integer"}, {"int64", "a 64-bit integer"}},
+    };
+    constexpr size_t kSize = sizeof(I) == 1 ? 0 : sizeof(I) == 2 ? 1 : sizeof(I) == 4 ? 2 : 3;
+    return kNames[kSize][std::numeric_limits<I>::is_signed ? 1 : 0];
   }
 };
 template <>
