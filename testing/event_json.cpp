@@ -1,5 +1,7 @@
 #include "testing/event_json.h"
 
+#include <cmath>
+
 namespace oet_testing {
 namespace {
 
@@ -89,6 +91,12 @@ const char* KindName(OpKind kind) {
   return "";
 }
 
+Json DoubleToJson(double value) {
+  if (std::isnan(value)) return "NaN";
+  if (std::isinf(value)) return value > 0 ? "Infinity" : "-Infinity";
+  return value;
+}
+
 Json ToJson(const Call& call) {
   Json out = Json::object();
   out["fn"] = FnName(call.fn);
@@ -110,7 +118,11 @@ Json ToJson(const Call& call) {
       std::visit(
           [&out](const auto& value) {
             using T = std::decay_t<decltype(value)>;
-            if constexpr (!std::is_same_v<T, std::monostate>) out["value"] = value;
+            if constexpr (std::is_same_v<T, double>) {
+              out["value"] = DoubleToJson(value);
+            } else if constexpr (!std::is_same_v<T, std::monostate>) {
+              out["value"] = value;
+            }
           },
           call.value);
       break;

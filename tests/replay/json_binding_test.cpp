@@ -1,9 +1,13 @@
 // The record binder: range and type checks of every member type, the time forms, paths in messages,
 // and exports that fill a record.
+#include <cmath>
+#include <limits>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/kst_convert.h"
+#include "testing/event_json.h"
 #include "tools/replay/exports.h"
 
 namespace oet_replay {
@@ -83,7 +87,8 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"int64", "9223372036854775808", "out of range for a 64-bit integer"},
         ScalarCase{"uint8", "256", "out of range for an unsigned 8-bit integer"},
         ScalarCase{"bool", "1", "1 is not true or false"}, ScalarCase{"double", "1e300", ""},
-        ScalarCase{"double", "null", "null is not a number"},
+        ScalarCase{"double", "null", "null is not a number"}, ScalarCase{"double", "\"NaN\"", ""},
+        ScalarCase{"double", "\"-Infinity\"", ""}, ScalarCase{"double", "\"nan\"", "\"nan\" is not a number"},
         ScalarCase{"cstr", "{\"a\": 1}", "an object is not a string"},
         ScalarCase{"time", "1772860141042", ""}, ScalarCase{"time", "-1", ""},
         ScalarCase{"time", "9223372036854776", "out of range for a time"},
@@ -95,6 +100,47 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"time", "\"2026-03-07T05:09:01.042\"", "is not a time"},
         ScalarCase{"time", "\"2026-03-07T05:09:01Z\"", "is not a time"},
         ScalarCase{"time", "\"+026-03-07T05:09:01.042Z\"", "is not a time"}));
+
+// Doubles travel exactly: in records, in filled records and in the event JSON.
+struct DoubleCase {
+  const char* name;
+  double value;
+  const char* json;
+};
+
+void PrintTo(const DoubleCase& c, std::ostream* os) {
+  *os << c.json;
+}
+
+class DoubleTest : public ::testing::TestWithParam<DoubleCase> {};
+
+TEST_P(DoubleTest, WritesAndReadsBackTheSameDouble) {
+  const DoubleCase& c = GetParam();
+  EXPECT_EQ(Codec<double>::Write(c.value).dump(), c.json);
+  double read = 1;
+  Issues issues;
+  Codec<double>::Read(Json::parse(c.json), read, "f", issues);
+  ASSERT_TRUE(issues.empty()) << issues.messages().front();
+  EXPECT_EQ(std::isnan(read), std::isnan(c.value));
+  if (!std::isnan(c.value)) {
+    EXPECT_EQ(read, c.value);
+    EXPECT_EQ(std::signbit(read), std::signbit(c.value));
+  }
+  oet_testing::Call op;
+  op.fn = oet_testing::Call::Fn::kEntityOp;
+  op.kind = oet_testing::OpKind::kDouble;
+  op.value = c.value;
+  EXPECT_EQ(oet_testing::ToJson(op)["value"].dump(), c.json);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, DoubleTest,
+    ::testing::Values(DoubleCase{"Tenth", 0.1, "0.1"}, DoubleCase{"Large", 1e300, "1e+300"},
+                      DoubleCase{"Smallest", 5e-324, "5e-324"}, DoubleCase{"NegativeZero", -0.0, "-0.0"},
+                      DoubleCase{"NaN", std::numeric_limits<double>::quiet_NaN(), "\"NaN\""},
+                      DoubleCase{"Infinity", std::numeric_limits<double>::infinity(), "\"Infinity\""},
+                      DoubleCase{"MinusInfinity", -std::numeric_limits<double>::infinity(), "\"-Infinity\""}),
+    [](const ::testing::TestParamInfo<DoubleCase>& info) { return std::string(info.param.name); });
 
 struct TimeCase {
   const char* text;

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/kst_convert.h"
+#include "testing/event_json.h"
 
 namespace oet_replay {
 
@@ -59,9 +60,18 @@ void Codec<bool>::Read(const Json& in, bool& out, const std::string& path, Issue
 void Codec<double>::Read(const Json& in, double& out, const std::string& path, Issues& issues) {
   if (in.is_number()) {
     out = in.get<double>();
+  } else if (in == "NaN") {
+    out = std::numeric_limits<double>::quiet_NaN();
+  } else if (in == "Infinity" || in == "-Infinity") {
+    out =
+        in == "Infinity" ? std::numeric_limits<double>::infinity() : -std::numeric_limits<double>::infinity();
   } else {
-    issues.AddField(path, Shown(in) + " is not a number");
+    issues.AddField(path, Shown(in) + " is not a number (nor \"NaN\", \"Infinity\" or \"-Infinity\")");
   }
+}
+
+Json Codec<double>::Write(const double& value) {
+  return oet_testing::DoubleToJson(value);
 }
 
 void Codec<std::string>::Read(const Json& in, std::string& out, const std::string& path, Issues& issues) {

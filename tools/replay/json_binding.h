@@ -10,7 +10,8 @@
 //    record's default value (0 or empty);
 //  - integer members take JSON integers within the member's range (an int32_t member rejects
 //    4294967296); no floats, booleans or strings;
-//  - bool members take true or false; double members take any JSON number;
+//  - bool members take true or false; double members take any JSON number, or "NaN", "Infinity" and
+//    "-Infinity";
 //  - Kst::CStringT<char> and std::string members take JSON strings (UTF-8, kept byte for byte);
 //    Kst::CStringT<wchar_t> members take JSON strings converted with Kst::Utf8ToWide;
 //  - Kst::Time members take an integer (Unix milliseconds; 0 is the null time) or the text
@@ -222,10 +223,12 @@ struct Codec<bool> {
   static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
+// Numbers, and the strings "NaN", "Infinity" and "-Infinity" (docs/event-format.md); written back the same
+// way.
 template <>
 struct Codec<double> {
   static void Read(const Json& in, double& out, const std::string& path, Issues& issues);
-  static Json Write(const double& value) { return value; }
+  static Json Write(const double& value);
   static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
