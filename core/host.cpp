@@ -30,22 +30,34 @@ std::string TextOf(const Kst::CStringT<char>& text) {
   return std::string(text.c_str());
 }
 
-std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
-  const wchar_t* units = text.c_str();
-  const int length = static_cast<int>(std::char_traits<wchar_t>::length(units));
-  if (length == 0) return std::string();
-  // A wide unit never takes more than four UTF-8 bytes; one more for the terminator. Short texts are
-  // converted on the stack, so that only a result longer than the string's own small buffer allocates.
+namespace {
+
+// Converts `units` (`length` of them, or up to the first NUL when `length` is -1) into UTF-8; `capacity`
+// is the number of units to size for. Short texts are converted on the stack, so that only a result
+// longer than the string's own small buffer allocates. A wide unit never takes more than four UTF-8
+// bytes; one more for the terminator.
+std::string Convert(const wchar_t* units, int length, int capacity) {
+  if (capacity <= 0) return std::string();
   constexpr int kStackUnits = 63;
-  if (length <= kStackUnits) {
+  if (capacity <= kStackUnits) {
     char utf8[kStackUnits * 4 + 1];
     const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
     return std::string(utf8, static_cast<size_t>(written > 0 ? written : 0));
   }
-  std::string utf8(static_cast<size_t>(length) * 4 + 1, '\0');
+  std::string utf8(static_cast<size_t>(capacity) * 4 + 1, '\0');
   const int written = kst_str_convert(KST_CP_UTF8, units, length, &utf8[0], static_cast<int>(utf8.size()));
   utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
   return utf8;
+}
+
+}  // namespace
+
+std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
+  return Convert(text.c_str(), -1, text.GetLength());
+}
+
+std::string ToUtf8(const wchar_t* units, int length) {
+  return Convert(units, length, length);
 }
 
 }  // namespace oet

@@ -31,6 +31,8 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
 std::string TextOf(const Kst::CStringT<char>& text);
 // The text of a wide host string as UTF-8, through the host's code-page conversion.
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
+// `length` wide units as UTF-8, embedded NULs included (the caller has cut the text already).
+std::string ToUtf8(const wchar_t* units, int length);
 inline std::string Utf8Of(const Kst::CStringT<char>& text) {
   return TextOf(text);
 }

@@ -6,6 +6,14 @@ namespace {
 // Writes `value` in decimal, zero-filled on the left to `width` characters (a minus sign counts toward
 // the width; a number wider than `width` keeps all its digits), and returns the position after it.
 char* Padded(char* out, int value, int width) {
+  static constexpr int kLimit[] = {1, 10, 100, 1000, 10000};
+  if (value >= 0 && value < kLimit[width]) {  // the usual case: exactly `width` digits
+    for (int i = width - 1; i >= 0; --i) {
+      out[i] = static_cast<char>('0' + value % 10);
+      value /= 10;
+    }
+    return out + width;
+  }
   char digits[10];
   int count = 0;
   unsigned magnitude = value < 0 ? 0u - static_cast<unsigned>(value) : static_cast<unsigned>(value);

@@ -1,24 +1,25 @@
 #include "core/vanity_domain.h"
 
+#include <cwchar>
 #include <string>
 #include <string_view>
 
+#include "core/host.h"
 #include "core/web_domains.h"
 #include "platform/url_utils.h"
 
 namespace oet {
+namespace {
 
-void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_t>& result) {
+// The account's label in `url`, as a view into it or one of the two markers.
+std::wstring_view VanityLabel(const Kst::CStringT<wchar_t>& url) {
   IOrboUrlUtils* url_utils = GetOrboUrlUtils();
-  if (url_utils != nullptr && url_utils->IsDevelopmentUrl(url) != 0) {
-    result = L"dev";
-    return;
-  }
-  result = L"aw1";
+  if (url_utils != nullptr && url_utils->IsDevelopmentUrl(url) != 0) return L"dev";
+  constexpr std::wstring_view kNoLabel = L"aw1";
 
   static constexpr wchar_t kScheme[] = L"https://";
   const int scheme = url.find(kScheme);
-  if (scheme == Kst::CStringT<wchar_t>::npos) return;
+  if (scheme == Kst::CStringT<wchar_t>::npos) return kNoLabel;
   const size_t start = static_cast<size_t>(scheme) + std::char_traits<wchar_t>::length(kScheme);
 
   // A suffix matches only where it ends the URL: its last occurrence then lies exactly at the end.
@@ -28,9 +29,16 @@ void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_
     if (text.size() < length || text.compare(text.size() - length, length, suffix) != 0) continue;
     // The first suffix that ends the URL decides; with nothing between scheme and suffix the marker stays.
     const size_t pos = text.size() - length;
-    if (start < pos) result = Kst::CStringT<wchar_t>(url.c_str() + start, static_cast<int>(pos - start));
-    return;
+    return start < pos ? text.substr(start, pos - start) : kNoLabel;
   }
+  return kNoLabel;
+}
+
+}  // namespace
+
+void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_t>& result) {
+  const std::wstring_view label = VanityLabel(url);
+  result = Kst::CStringT<wchar_t>(label.data(), static_cast<int>(label.size()));
 }
 
 Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service) {
@@ -40,6 +48,16 @@ Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service) {
     ExtractVanityDomain(url, label);
   }
   return label;
+}
+
+std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service) {
+  const Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
+  if (!label.IsEmpty()) return ToUtf8(label);
+  const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
+  const std::wstring_view found = VanityLabel(url);
+  // Read up to a NUL, as every host string is.
+  const wchar_t* nul = std::wmemchr(found.data(), L'\0', found.size());
+  return ToUtf8(found.data(), static_cast<int>(nul != nullptr ? nul - found.data() : found.size()));
 }
 
 }  // namespace oet

@@ -2,6 +2,8 @@
 // and the product facts carry it.
 #pragma once
 
+#include <string>
+
 #include "platform/kst_string.h"
 #include "platform/web_service.h"
 
@@ -21,5 +23,7 @@ void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_
 // The account's domain label as the web service knows it: its stored label (operation 35), or, when
 // that is empty, ExtractVanityDomain of its web URL (operation 37).
 Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service);
+// The same label as UTF-8, converted straight from the web service's answers (no wide copy of it).
+std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service);
 
 }  // namespace oet

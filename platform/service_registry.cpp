@@ -12,6 +12,9 @@ class Module final : public IServiceModule {
  public:
   void* GetClassObject(const char* class_string) override;
   std::map<std::string, void*, std::less<>> objects;
+  // Lookups so far, counted under the registry's lock.
+  uint64_t module_queries = 0;
+  uint64_t class_object_queries = 0;
 };
 
 class Registry final : public IServiceRegistry {
@@ -21,6 +24,7 @@ class Registry final : public IServiceRegistry {
   // Modules are never erased, only emptied, so that a pointer handed out stays valid.
   std::map<std::string, Module, std::less<>> modules;
   std::atomic<bool> available{true};
+  std::atomic<uint64_t> queries{0};
 };
 
 // The registry lives until the process is gone (never destroyed), so that a library called from a
@@ -33,6 +37,7 @@ Registry& TheRegistry() {
 void* Module::GetClassObject(const char* class_string) {
   if (class_string == nullptr) return nullptr;
   std::lock_guard<std::mutex> lock(TheRegistry().mutex);
+  ++class_object_queries;
   const auto it = objects.find(std::string_view(class_string));
   return it == objects.end() ? nullptr : it->second;
 }
@@ -41,13 +46,16 @@ IServiceModule* Registry::GetModule(const char* module_name) {
   if (module_name == nullptr) return nullptr;
   std::lock_guard<std::mutex> lock(mutex);
   const auto it = modules.find(std::string_view(module_name));
-  return it == modules.end() || it->second.objects.empty() ? nullptr : &it->second;
+  if (it == modules.end()) return nullptr;
+  ++it->second.module_queries;
+  return it->second.objects.empty() ? nullptr : &it->second;
 }
 
 }  // namespace
 
 IServiceRegistry* KstMQ_GetService() {
   Registry& registry = TheRegistry();
+  registry.queries.fetch_add(1, std::memory_order_relaxed);
   return registry.available.load() ? &registry : nullptr;
 }
 
@@ -85,6 +93,20 @@ void ClearRegistry() {
 
 void SetRegistryAvailable(bool available) {
   TheRegistry().available.store(available);
+}
+
+RegistryQueryCounts RegistryQueries(const char* module_name) {
+  Registry& registry = TheRegistry();
+  RegistryQueryCounts counts;
+  counts.registry = registry.queries.load();
+  if (module_name == nullptr) return counts;
+  std::lock_guard<std::mutex> lock(registry.mutex);
+  const auto it = registry.modules.find(module_name);
+  if (it != registry.modules.end()) {
+    counts.module = it->second.module_queries;
+    counts.class_object = it->second.class_object_queries;
+  }
+  return counts;
 }
 
 }  // namespace KstHost

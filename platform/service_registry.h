@@ -4,6 +4,8 @@
 // GetClassObject gives a service's interface by its class string. Every step may answer null.
 #pragma once
 
+#include <cstdint>
+
 #include "platform/kst_export.h"
 #include "platform/kst_reserved.h"
 
@@ -47,4 +49,15 @@ KST_API void UnregisterClassObject(const char* module_name, const char* class_st
 KST_API void ClearRegistry();
 // While unavailable, KstMQ_GetService() answers null. Available at start.
 KST_API void SetRegistryAvailable(bool available);
+
+// How often the registry has been asked since the process started, for host programs that check the
+// lookups a library makes: KstMQ_GetService calls (registry), GetModule calls naming the module
+// (module) and GetClassObject calls on it (class_object). The module counts cover modules that have
+// been registered at least once; they survive unregistering.
+struct RegistryQueryCounts {
+  uint64_t registry = 0;
+  uint64_t module = 0;
+  uint64_t class_object = 0;
+};
+KST_API RegistryQueryCounts RegistryQueries(const char* module_name);
 }  // namespace KstHost

@@ -18,6 +18,7 @@ constexpr char kDefaultClientVersion[] = "1.0.0";
 
 std::mutex g_mutex;
 std::atomic<uint64_t> g_queries{0};
+std::atomic<uint64_t> g_version_queries{0};
 
 // Never destroyed, so that facts asked for from a client's exit path are still answered.
 std::map<SystemFact, std::string>& Overrides() {
@@ -26,7 +27,7 @@ std::map<SystemFact, std::string>& Overrides() {
 }
 
 std::optional<std::string> Override(SystemFact fact) {
-  if (fact != SystemFact::kCurrentVersion) ++g_queries;
+  ++(fact == SystemFact::kCurrentVersion ? g_version_queries : g_queries);
   std::lock_guard<std::mutex> lock(g_mutex);
   const auto it = Overrides().find(fact);
   if (it == Overrides().end()) return std::nullopt;
@@ -132,6 +133,10 @@ void ClearSystemFactOverrides() {
 
 uint64_t SystemQueryCount() {
   return g_queries.load();
+}
+
+uint64_t VersionQueryCount() {
+  return g_version_queries.load();
 }
 
 }  // namespace KstHost

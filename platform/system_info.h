@@ -58,5 +58,7 @@ KST_API void ClearSystemFactOverrides();
 // How many machine facts have been asked for since the process started (the client version, which
 // is not a fact of the machine, is not counted).
 KST_API uint64_t SystemQueryCount();
+// How many times the client version has been asked for since the process started.
+KST_API uint64_t VersionQueryCount();
 
 }  // namespace KstHost

@@ -56,7 +56,8 @@ thread_local int t_bookkeeping_depth = 0;
 
 using KstHost::SystemFact;
 
-// The machine every standard host describes, and the moment its clock shows.
+}  // namespace
+
 void InstallStandardMachine() {
   const std::pair<SystemFact, const char*> facts[] = {
       {SystemFact::kOSVersion, "10.0.22631"},
@@ -77,6 +78,8 @@ void InstallStandardMachine() {
     KstHost::OverrideSystemFact(fact.first, fact.second);
   KstHost::SetClock(Kst::Time::FromUnixMilliseconds(1772860141042));  // 2026-03-07T05:09:01.042Z
 }
+
+namespace {
 
 std::string Quoted(const std::string& text) {
   std::string out = "\"";

@@ -76,6 +76,10 @@ std::vector<std::string> Describe(const std::vector<Call>& calls);
 
 class RecordedEntity;
 
+// Gives the machine the fixed facts and clock that every standard host describes (the machine's own
+// are back after KstHost::ClearSystemFactOverrides and KstHost::UseSystemClock).
+void InstallStandardMachine();
+
 class RecordingHost {
  public:
   // kStandard gives the machine a fixed set of facts and fixes the clock, so that output does not

@@ -20,7 +20,7 @@ int RetrieveClientProductInfo(PTClientProductEntityStruct& info) {
         oet::EnsureClientContext();
         ICVWebServiceAPI* web_service = oet::GetWebServiceApi();
         if (web_service == nullptr) return 1;  // the domain stays as the caller passed it
-        info.domain = oet::ToUtf8(oet::AccountDomainLabel(*web_service));
+        info.domain = oet::AccountDomainLabelUtf8(*web_service);
         return 1;
       },
       1);

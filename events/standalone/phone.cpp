@@ -61,7 +61,7 @@ ProductEntity* BuildProduct(const oet::EventDraft& event) {
   Kst::CStringT<char> version;
   Kst::GetCurrentVersion(version);
   product->SetClientVersion(oet::TextOf(version));
-  product->SetWebDomain(oet::ToUtf8(oet::AccountDomainLabel(*event.web_service())));
+  product->SetWebDomain(oet::AccountDomainLabelUtf8(*event.web_service()));
   return product;
 }
 

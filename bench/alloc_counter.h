@@ -1,0 +1,18 @@
+// Heap allocations of the benchmark program: it replaces the global operator new and operator delete
+// (every form) with versions that count, per thread, and otherwise behave as the standard ones. The
+// shared libraries the program loads (the platform stand-in among them) allocate through them too.
+#pragma once
+
+#include <cstdint>
+
+namespace oet_bench {
+
+struct HeapCounts {
+  uint64_t allocations = 0;  // successful operator new calls
+  uint64_t frees = 0;        // operator delete calls with a non-null pointer
+};
+
+// What this thread has allocated and freed so far.
+HeapCounts ThreadHeapCounts();
+
+}  // namespace oet_bench

@@ -1,0 +1,36 @@
+// Hand-written floors: for one export each, a function that makes exactly the host calls the export
+// makes (registry lookups, web-service and machine-fact calls, the client version, the conversions of
+// wide texts, every entity request and operation, the attachments and the submission), in the same
+// order and with the same values, and nothing else. The benchmarks measure each export against its
+// floor; bench/trace_check_test.cpp proves the calls identical.
+//
+// The wire words come from the library's vocabulary (core/vocabulary.h), the one place they live, so
+// its cost is in both. A floor keeps its own client-context facts (bench/floor_support.h).
+//
+// Adding a family: write its floor here (the export's steps, host call by host call, with the helpers
+// of bench/floor_support.h), then add one row to bench/floor_table.cpp.
+#pragma once
+
+#include "oEventTracker/OrboPTPAAP.h"
+
+namespace oet_floor {
+
+// OrboPTPAAP::TrackingPTInteractEvent, converting the cached wide client facts on every call.
+int TabSwitch(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::PTInteractInfo_s& info);
+// The same, with the client facts kept as UTF-8 once filled.
+int TabSwitchCachedUtf8(const OrboPTPAAP::PTTrackingInfo_s& tracking,
+                        const OrboPTPAAP::PTInteractInfo_s& info);
+
+// OrboPTPAAP::TrackingPTSearchEvent for a display step (search_action 2).
+int SearchDisplay(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::SearchInteractInfo_s& info);
+
+// OrboPTPAAP::TrackingPhoneInteractEvent.
+int Phone(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::PhoneInteractInfo_s& info);
+
+// OrboPTPAAP::TrackingSigninInteractEvent.
+int Signin(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::OSigninInteractInfo_s& info);
+
+// OrboPTPAAP::RetrieveClientDeviceInfo.
+int DeviceInfo(OrboPTPAAP::PTClientDeviceEntityStruct& info);
+
+}  // namespace oet_floor
