@@ -8,6 +8,7 @@
 
 #include "platform/kst_convert.h"
 #include "testing/event_json.h"
+#include "tests/replay/double_cases.h"
 #include "tools/replay/exports.h"
 
 namespace oet_replay {
@@ -102,16 +103,6 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"time", "\"+026-03-07T05:09:01.042Z\"", "is not a time"}));
 
 // Doubles travel exactly: in records, in filled records and in the event JSON.
-struct DoubleCase {
-  const char* name;
-  double value;
-  const char* json;
-};
-
-void PrintTo(const DoubleCase& c, std::ostream* os) {
-  *os << c.json;
-}
-
 class DoubleTest : public ::testing::TestWithParam<DoubleCase> {};
 
 TEST_P(DoubleTest, WritesAndReadsBackTheSameDouble) {
@@ -133,14 +124,7 @@ TEST_P(DoubleTest, WritesAndReadsBackTheSameDouble) {
   EXPECT_EQ(oet_testing::ToJson(op)["value"].dump(), c.json);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, DoubleTest,
-    ::testing::Values(DoubleCase{"Tenth", 0.1, "0.1"}, DoubleCase{"Large", 1e300, "1e+300"},
-                      DoubleCase{"Smallest", 5e-324, "5e-324"}, DoubleCase{"NegativeZero", -0.0, "-0.0"},
-                      DoubleCase{"NaN", std::numeric_limits<double>::quiet_NaN(), "\"NaN\""},
-                      DoubleCase{"Infinity", std::numeric_limits<double>::infinity(), "\"Infinity\""},
-                      DoubleCase{"MinusInfinity", -std::numeric_limits<double>::infinity(), "\"-Infinity\""}),
-    [](const ::testing::TestParamInfo<DoubleCase>& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Values, DoubleTest, ::testing::ValuesIn(kDoubleCases), DoubleCaseName);
 
 struct TimeCase {
   const char* text;

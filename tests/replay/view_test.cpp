@@ -1,12 +1,10 @@
 // The readable view: one line per call, each event as a tree of its attachments and entities, values
 // exact, and everything unusual (null entries, clears, entities never attached, entity types the host
 // gave none of, calls that threw) visible.
-#include <cmath>
-#include <limits>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/replay/double_cases.h"
 #include "tools/replay/view.h"
 
 namespace oet_replay {
@@ -125,16 +123,6 @@ TEST(ViewTest, ShowsDestroyedAndOpenEventsAndTheCallThatThrew) {
             "\n");
 }
 
-struct DoubleCase {
-  const char* name;
-  double value;
-  const char* text;
-};
-
-void PrintTo(const DoubleCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
 class ViewDoubleTest : public ::testing::TestWithParam<DoubleCase> {};
 
 TEST_P(ViewDoubleTest, ShowsTheExactDouble) {
@@ -145,19 +133,10 @@ TEST_P(ViewDoubleTest, ShowsTheExactDouble) {
             {Entity(283, 1), Op(1, 283, "SetShare", OpKind::kDouble, GetParam().value), Single(201, 1),
              Submit(3, 1)});
   EXPECT_THAT(ViewOfCall(1, "E", Json(), result, {event}),
-              ::testing::HasSubstr(std::string("        Share = ") + GetParam().text + "\n"));
+              ::testing::HasSubstr(std::string("        Share = ") + GetParam().view + "\n"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, ViewDoubleTest,
-    ::testing::Values(DoubleCase{"Tenth", 0.1, "0.1"}, DoubleCase{"Third", 1.0 / 3, "0.3333333333333333"},
-                      DoubleCase{"Whole", 2.0, "2"}, DoubleCase{"Large", 1e300, "1e+300"},
-                      DoubleCase{"Smallest", std::numeric_limits<double>::denorm_min(), "5e-324"},
-                      DoubleCase{"NegativeZero", -0.0, "-0"},
-                      DoubleCase{"NaN", std::numeric_limits<double>::quiet_NaN(), "NaN"},
-                      DoubleCase{"Infinity", std::numeric_limits<double>::infinity(), "inf"},
-                      DoubleCase{"MinusInfinity", -std::numeric_limits<double>::infinity(), "-inf"}),
-    [](const ::testing::TestParamInfo<DoubleCase>& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Values, ViewDoubleTest, ::testing::ValuesIn(kDoubleCases), DoubleCaseName);
 
 TEST(ViewTest, ShowsFilledRecordsAndDirectivesOneMemberAfterTheOther) {
   CallResult result;
