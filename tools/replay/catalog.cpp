@@ -1127,17 +1127,16 @@ run `scripts/update-catalog`; a ctest test (`event_catalog`) fails while this pa
 How it is found: each export is called with a *canonical record*, in which every member of every
 argument has a value of its own (integers their position among all members, 1, 2, 3, ...; texts
 their own member path, such as "info.text_d"; times minutes apart from 2026-03-09T08:00Z; bools
-true; lists two entries),
-on the standard recording host (docs/replay.md) whose web service leaves the client context unfilled.
-Then one member at a time is changed: to its default (0, empty, false, null), to another value
-(integers 1, or 2 where the canonical value is 1), and integers to every value from -1 to 255 and to
-their type's limits. A value that makes the export request an entity the canonical record does not
-(the body of another search step, say) becomes a further record to start from, with every other
-member changed once more from it. Further calls make each service
-absent, make the host create no event or none of each entity type, repeat the call at once (and
-measure the delay after which a repeat is accepted), run it on another host (other machine facts and
-web-service answers) and, once every export has run, with a filled client context. The host clock
-moves on by an hour between calls.
+true; lists two entries), on the standard recording host (docs/replay.md) whose web service leaves
+the client context unfilled. Then one member at a time is changed: to its default (0, empty, false,
+null), to another value (integers 1, or 2 where the canonical value is 1), and integers to every
+value from -1 to 255 and to their type's limits. A value that makes the export request an entity the
+canonical record does not (the body of another search step, say) becomes a further record to start
+from, with every other member changed once more from it. Further calls make each service absent,
+make the host create no event or none of each entity type, repeat the call at once (and measure the
+delay after which a repeat is accepted), run it on another host (other machine facts and web-service
+answers) and, once every export has run, with a filled client context. The host clock moves on by an
+hour between calls.
 
 For every export:
 - **Sends**: the events of the canonical call, their outcome and submit codes.
