@@ -1,7 +1,7 @@
 # The event catalog is generated from the code; EXPECTED (docs/events.md) must be what the tool
 # generates now. Writes the catalog into OUTPUT (in the build tree) and compares it with EXPECTED.
 execute_process(
-  COMMAND "${TOOL}" --catalog --output "${OUTPUT}" --check "${EXPECTED}"
+  COMMAND ${EMULATOR} "${TOOL}" --catalog --output "${OUTPUT}" --check "${EXPECTED}"
   RESULT_VARIABLE status
   OUTPUT_VARIABLE out
   ERROR_VARIABLE err)

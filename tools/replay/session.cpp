@@ -66,12 +66,7 @@ Step ReadStep(const std::string& text, Issues& issues) {
   if (!issues.empty()) return Step{};
   step.kind = is_call ? Step::Kind::kCall : Step::Kind::kDirective;
   if (line.contains("note")) step.note = line["note"];
-  if (!is_call) {
-    step.fields = Json::object();
-    for (auto it = line.begin(); it != line.end(); ++it) {
-      if (it.key() != "host" && it.key() != "note") step.fields[it.key()] = *it;
-    }
-  }
+  if (!is_call) step.line = std::move(line);
   return step;
 }
 
@@ -89,7 +84,7 @@ SessionSummary RunSession(std::istream& script, const std::string& name, const S
         const std::string problem = step.directive(host);
         if (!problem.empty()) issues.Add(problem);
         if (problem.empty() && options.format == OutputFormat::kView)
-          output << ViewOfDirective(number, step.name, step.note, step.fields);
+          output << ViewOfDirective(number, step.name, step.note, step.line);
       } else if (step.kind == Step::Kind::kCall) {
         const CallResult result = step.call();
         const std::vector<oet_testing::RecordedEvent> events = host.recording().TakeEvents();

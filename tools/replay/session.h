@@ -32,7 +32,7 @@ struct Step {
   Kind kind = Kind::kNothing;
   std::string name;  // the export or the directive
   Json note;         // the line's "note", or null
-  Json fields;       // a directive's fields: the line without "host" and "note"
+  Json line;         // a directive's line as read
   PreparedCall call;
   PreparedDirective directive;
 };

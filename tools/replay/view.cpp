@@ -163,6 +163,7 @@ std::string ViewOfDirective(int line, const std::string& name, const Json& note,
   std::string head = "host " + name;
   std::string separator = "  ";
   for (auto it = fields.begin(); it != fields.end(); ++it) {
+    if (it.key() == "host" || it.key() == "note") continue;
     head += separator + it.key() + " = " + CompactText(*it);
     separator = ", ";
   }

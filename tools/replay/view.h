@@ -40,7 +40,7 @@ namespace oet_replay {
 
 std::string ViewOfCall(int line, const std::string& name, const Json& note, const CallResult& result,
                        const std::vector<oet_testing::RecordedEvent>& events);
-// `fields`: the directive's line without its "host" and "note" members.
+// `fields`: the directive's line; its fields are every member but "host" and "note".
 std::string ViewOfDirective(int line, const std::string& name, const Json& note, const Json& fields);
 
 }  // namespace oet_replay
