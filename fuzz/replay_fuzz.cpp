@@ -1,6 +1,7 @@
 // Fuzz target of the replay tool's script reader: any bytes are run as a session script against the
-// recording host. Whatever the input, the session must end normally: no crash, no sanitizer report,
-// no leak; wrong lines only produce messages.
+// recording host, in each output format in turn (the JSON lines, the indented JSON and the readable
+// view). Whatever the input, the session must end normally: no crash, no sanitizer report, no leak;
+// wrong lines only produce messages.
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
@@ -12,6 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::istringstream script(std::string(reinterpret_cast<const char*>(data), size));
   std::ostringstream output;
   std::ostringstream errors;
-  oet_replay::RunSession(script, "fuzz", oet_replay::SessionOptions{size % 2 == 0}, output, errors);
+  oet_replay::SessionOptions options;
+  options.format = static_cast<oet_replay::OutputFormat>(size % 3);
+  oet_replay::RunSession(script, "fuzz", options, output, errors);
   return 0;
 }

@@ -1,5 +1,7 @@
 #include "testing/event_json.h"
 
+#include <cmath>
+
 namespace oet_testing {
 namespace {
 
@@ -19,28 +21,6 @@ const char* FnName(Call::Fn fn) {
       return "SubmitEvent";
     case Call::Fn::kDestroyEvent:
       return "DestroyEvent";
-  }
-  return "";
-}
-
-const char* KindName(OpKind kind) {
-  switch (kind) {
-    case OpKind::kClear:
-      return "clear";
-    case OpKind::kCall:
-      return "call";
-    case OpKind::kString:
-      return "string";
-    case OpKind::kInt32:
-      return "int32";
-    case OpKind::kInt64:
-      return "int64";
-    case OpKind::kUInt64:
-      return "uint64";
-    case OpKind::kBool:
-      return "bool";
-    case OpKind::kDouble:
-      return "double";
   }
   return "";
 }
@@ -89,6 +69,34 @@ void Pretty(const Json& value, int indent, std::string& out) {
 
 }  // namespace
 
+const char* KindName(OpKind kind) {
+  switch (kind) {
+    case OpKind::kClear:
+      return "clear";
+    case OpKind::kCall:
+      return "call";
+    case OpKind::kString:
+      return "string";
+    case OpKind::kInt32:
+      return "int32";
+    case OpKind::kInt64:
+      return "int64";
+    case OpKind::kUInt64:
+      return "uint64";
+    case OpKind::kBool:
+      return "bool";
+    case OpKind::kDouble:
+      return "double";
+  }
+  return "";
+}
+
+Json DoubleToJson(double value) {
+  if (std::isnan(value)) return "NaN";
+  if (std::isinf(value)) return value > 0 ? "Infinity" : "-Infinity";
+  return value;
+}
+
 Json ToJson(const Call& call) {
   Json out = Json::object();
   out["fn"] = FnName(call.fn);
@@ -110,7 +118,11 @@ Json ToJson(const Call& call) {
       std::visit(
           [&out](const auto& value) {
             using T = std::decay_t<decltype(value)>;
-            if constexpr (!std::is_same_v<T, std::monostate>) out["value"] = value;
+            if constexpr (std::is_same_v<T, double>) {
+              out["value"] = DoubleToJson(value);
+            } else if constexpr (!std::is_same_v<T, std::monostate>) {
+              out["value"] = value;
+            }
           },
           call.value);
       break;

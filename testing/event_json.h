@@ -14,6 +14,14 @@ namespace oet_testing {
 // Objects keep their keys in the order written, so that output reads in a fixed, natural order.
 using Json = nlohmann::ordered_json;
 
+// The word of an operation kind ("clear", "call", "string", "int32", ...), as "kind" holds it.
+const char* KindName(OpKind kind);
+
+// A double exactly: a JSON number (the shortest text that reads back as the same double, -0.0 with
+// its sign) when finite, else the string "NaN", "Infinity" or "-Infinity", which JSON numbers cannot
+// express.
+Json DoubleToJson(double value);
+
 Json ToJson(const Call& call);
 Json ToJson(const RecordedEvent& event);
 Json ToJson(const std::vector<RecordedEvent>& events);

@@ -1,9 +1,14 @@
 // The record binder: range and type checks of every member type, the time forms, paths in messages,
 // and exports that fill a record.
+#include <cmath>
+#include <limits>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/kst_convert.h"
+#include "testing/event_json.h"
+#include "tests/replay/double_cases.h"
 #include "tools/replay/exports.h"
 
 namespace oet_replay {
@@ -83,7 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"int64", "9223372036854775808", "out of range for a 64-bit integer"},
         ScalarCase{"uint8", "256", "out of range for an unsigned 8-bit integer"},
         ScalarCase{"bool", "1", "1 is not true or false"}, ScalarCase{"double", "1e300", ""},
-        ScalarCase{"double", "null", "null is not a number"},
+        ScalarCase{"double", "null", "null is not a number"}, ScalarCase{"double", "\"NaN\"", ""},
+        ScalarCase{"double", "\"-Infinity\"", ""}, ScalarCase{"double", "\"nan\"", "\"nan\" is not a number"},
         ScalarCase{"cstr", "{\"a\": 1}", "an object is not a string"},
         ScalarCase{"time", "1772860141042", ""}, ScalarCase{"time", "-1", ""},
         ScalarCase{"time", "9223372036854776", "out of range for a time"},
@@ -95,6 +101,30 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"time", "\"2026-03-07T05:09:01.042\"", "is not a time"},
         ScalarCase{"time", "\"2026-03-07T05:09:01Z\"", "is not a time"},
         ScalarCase{"time", "\"+026-03-07T05:09:01.042Z\"", "is not a time"}));
+
+// Doubles travel exactly: in records, in filled records and in the event JSON.
+class DoubleTest : public ::testing::TestWithParam<DoubleCase> {};
+
+TEST_P(DoubleTest, WritesAndReadsBackTheSameDouble) {
+  const DoubleCase& c = GetParam();
+  EXPECT_EQ(Codec<double>::Write(c.value).dump(), c.json);
+  double read = 1;
+  Issues issues;
+  Codec<double>::Read(Json::parse(c.json), read, "f", issues);
+  ASSERT_TRUE(issues.empty()) << issues.messages().front();
+  EXPECT_EQ(std::isnan(read), std::isnan(c.value));
+  if (!std::isnan(c.value)) {
+    EXPECT_EQ(read, c.value);
+    EXPECT_EQ(std::signbit(read), std::signbit(c.value));
+  }
+  oet_testing::Call op;
+  op.fn = oet_testing::Call::Fn::kEntityOp;
+  op.kind = oet_testing::OpKind::kDouble;
+  op.value = c.value;
+  EXPECT_EQ(oet_testing::ToJson(op)["value"].dump(), c.json);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, DoubleTest, ::testing::ValuesIn(kDoubleCases), DoubleCaseName);
 
 struct TimeCase {
   const char* text;
@@ -183,6 +213,45 @@ TEST(ExportTest, RejectsUnknownArgumentsAndRunsNothing) {
   EXPECT_FALSE(entry.prepare(Json::parse(R"({"call": "Test::FillItem", "inn": {}, "note": "x"})"), issues));
   EXPECT_THAT(issues.messages(),
               ElementsAre("field \"inn\": unknown argument of Test::FillItem (arguments: in, out)"));
+}
+
+// The event catalog calls every export with sample records: each export's canonical record must read
+// back without a problem, and every member must be listed once (a member type without a Sample in
+// its codec would give null here and fail to read).
+TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
+  for (const auto& entry : Exports()) {
+    SampleBuilder samples(3);
+    const Json arguments = entry.sample(samples);
+    Issues issues;
+    EXPECT_TRUE(entry.prepare(arguments, issues)) << entry.name << ": " << arguments.dump();
+    EXPECT_THAT(issues.messages(), ::testing::IsEmpty()) << entry.name;
+    std::vector<std::string> paths;
+    for (const auto& leaf : samples.leaves())
+      paths.push_back(leaf.path);
+    std::sort(paths.begin(), paths.end());
+    EXPECT_EQ(std::adjacent_find(paths.begin(), paths.end()), paths.end()) << entry.name;
+  }
+}
+
+TEST(SampleTest, GivesEveryMemberADistinctCanonicalValueAndTheValuesToTry) {
+  SampleBuilder samples(2);
+  const Json canonical = Codec<Outer>::Sample(samples, "o", "o");
+  EXPECT_EQ(
+      canonical.dump(),
+      R"({"mode":1,"items":[{"n":2,"label":"o.items[0].label"},{"n":4,"label":"o.items[1].label"}],)"
+      R"("counts":{"o.counts":6},"when":"2026-03-09T08:07:00.000Z","single":{"n":8,"label":"o.single.label"}})");
+  std::vector<std::string> listed;
+  for (const auto& leaf : samples.leaves())
+    listed.push_back(leaf.path + " " + leaf.type + " " + leaf.none.dump() + " " + leaf.other.dump() + " " +
+                     Json(leaf.scan).dump());
+  EXPECT_THAT(listed,
+              ElementsAre("o.mode int16 0 2 [-1,0,1,2,-32768,32767]",
+                          "o.items list [] [{\"n\":2,\"label\":\"o.items[0].label\"}] []",
+                          "o.items[].n int32 0 1 [-1,0,1,2,-2147483648,2147483647]",
+                          "o.items[].label wide text \"\" \"other o.items[0].label\" []",
+                          "o.counts map {} <discarded> []", "o.when time 0 \"2026-03-10T08:07:00.000Z\" []",
+                          "o.single.n int32 0 1 [-1,0,1,2,-2147483648,2147483647]",
+                          "o.single.label wide text \"\" \"other o.single.label\" []"));
 }
 
 TEST(ExportTest, EveryLibraryExportIsRegisteredOnce) {

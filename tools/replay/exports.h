@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -33,6 +34,12 @@ using PreparedCall = std::function<CallResult()>;
 struct ExportEntry {
   std::string name;  // qualified, as "OrboPTPAAP::TrackingPTInteractEvent"
   std::vector<std::string> arguments;
+  std::vector<std::string> argument_types;  // the record of each argument, as its binding names it
+  std::vector<bool> fills;                  // whether the export fills the argument
+  const char* result_type = "";             // "int", "bool", "void", or "" for another type
+  // For the event catalog: canonical arguments (an object with one member per argument) whose members
+  // are all listed in `samples`.
+  std::function<Json(SampleBuilder& samples)> sample;
   // Reads the arguments from the line (an object; its "call" and "note" members are the script's own
   // and skipped). Returns an empty function and reports to `issues` when anything is wrong.
   std::function<PreparedCall(const Json& line, Issues& issues)> prepare;
@@ -75,6 +82,37 @@ struct InExport {
 template <class P>
 using RecordOf = std::remove_cv_t<std::remove_reference_t<P>>;
 
+template <class T>
+struct IsVector : std::false_type {};
+template <class T>
+struct IsVector<std::vector<T>> : std::true_type {};
+template <class T>
+struct IsMap : std::false_type {};
+template <class K, class V, class C>
+struct IsMap<std::map<K, V, C>> : std::true_type {};
+
+// How the catalog names an argument's type: a bound record by its binding's name, anything else by
+// its kind.
+template <class T>
+std::string ArgumentTypeName() {
+  if constexpr (std::is_same_v<T, bool>) {
+    return "bool";
+  } else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) {
+    return "integer";
+  } else if constexpr (std::is_floating_point_v<T>) {
+    return "number";
+  } else if constexpr (std::is_same_v<T, std::string> || std::is_same_v<T, Kst::CStringT<char>> ||
+                       std::is_same_v<T, Kst::CStringT<wchar_t>>) {
+    return "text";
+  } else if constexpr (IsVector<T>::value) {
+    return "array of " + ArgumentTypeName<typename T::value_type>();
+  } else if constexpr (IsMap<T>::value) {
+    return "object";
+  } else {
+    return BindingOf<T>().name;
+  }
+}
+
 template <class P>
 constexpr bool kFills = std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
 
@@ -84,6 +122,17 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
   ExportEntry entry;
   entry.name = std::move(name);
   entry.arguments = {names[I]...};
+  entry.argument_types = {ArgumentTypeName<RecordOf<Params>>()...};
+  entry.fills = {kFills<Params>...};
+  entry.result_type = std::is_void_v<Ret>         ? "void"
+                      : std::is_same_v<Ret, bool> ? "bool"
+                      : std::is_same_v<Ret, int>  ? "int"
+                                                  : "";
+  entry.sample = [names](SampleBuilder& samples) {
+    Json arguments = Json::object();
+    ((arguments[names[I]] = Codec<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
+    return arguments;
+  };
   const std::string export_name = entry.name;
   entry.prepare = [fn, names, export_name](const Json& line, Issues& issues) -> PreparedCall {
     auto records = std::make_shared<std::tuple<RecordOf<Params>...>>();

@@ -52,6 +52,28 @@ struct Codec<Service> {
 
 namespace {
 
+// A position among the host-visible calls to come: 1 is the next call, 0 none.
+struct CallPosition {
+  int32_t value = 0;
+};
+
+}  // namespace
+
+template <>
+struct Codec<CallPosition> {
+  static void Read(const Json& in, CallPosition& out, const std::string& path, Issues& issues) {
+    Issues own;
+    Codec<int32_t>::Read(in, out.value, path, own);
+    if (own.empty() && out.value < 0)
+      own.AddField(path, Shown(in) + " is not a call position (1 is the next call, 0 disarms)");
+    for (const auto& message : own.messages())
+      issues.Add(message);
+  }
+  static Json Write(const CallPosition& position) { return position.value; }
+};
+
+namespace {
+
 // What the web service writes into the client-context record.
 struct ClientContextAnswer {
   std::optional<std::string> value;
@@ -110,7 +132,7 @@ struct CreateEntityFailure {
 
 // The n-th host-visible call from now on throws (1 is the next call); 0 disarms.
 struct ThrowAtCall {
-  int32_t at = 0;
+  CallPosition at;
 };
 
 // The clock: first set (when given), then advanced (when given).
@@ -252,7 +274,7 @@ void ApplyCreateEntity(const CreateEntityFailure& d, SessionHost& host) {
 }
 
 void ApplyThrowAtCall(const ThrowAtCall& d, SessionHost& host) {
-  host.recording().ThrowAtCall(d.at);
+  host.recording().ThrowAtCall(d.at.value);
 }
 
 // The clock stays within the times a script can write (about 292,000 years either side of 1970), so

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "platform/kst_convert.h"
+#include "testing/event_json.h"
 
 namespace oet_replay {
 
@@ -10,10 +11,14 @@ void Issues::AddField(const std::string& path, const std::string& message) {
   messages_.push_back("field \"" + path + "\": " + message);
 }
 
+std::string CompactText(const Json& value) {
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string Shown(const Json& value) {
   if (value.is_object()) return "an object";
   if (value.is_array()) return "an array";
-  std::string text = value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  std::string text = CompactText(value);
   if (text.size() > 60) text = text.substr(0, 57) + "...";
   return text;
 }
@@ -55,9 +60,18 @@ void Codec<bool>::Read(const Json& in, bool& out, const std::string& path, Issue
 void Codec<double>::Read(const Json& in, double& out, const std::string& path, Issues& issues) {
   if (in.is_number()) {
     out = in.get<double>();
+  } else if (in == "NaN") {
+    out = std::numeric_limits<double>::quiet_NaN();
+  } else if (in == "Infinity" || in == "-Infinity") {
+    out =
+        in == "Infinity" ? std::numeric_limits<double>::infinity() : -std::numeric_limits<double>::infinity();
   } else {
-    issues.AddField(path, Shown(in) + " is not a number");
+    issues.AddField(path, Shown(in) + " is not a number (nor \"NaN\", \"Infinity\" or \"-Infinity\")");
   }
+}
+
+Json Codec<double>::Write(const double& value) {
+  return oet_testing::DoubleToJson(value);
 }
 
 void Codec<std::string>::Read(const Json& in, std::string& out, const std::string& path, Issues& issues) {
@@ -176,6 +190,39 @@ void Codec<Kst::Time>::Read(const Json& in, Kst::Time& out, const std::string& p
 Json Codec<Kst::Time>::Write(const Kst::Time& value) {
   if (value.is_null()) return 0;
   return FormatIsoTime(value);
+}
+
+}  // namespace oet_replay
+
+namespace oet_replay {
+
+Json SampleText(SampleBuilder& samples, const char* type, const std::string& path,
+                const std::string& value_path) {
+  samples.NextSeed();
+  samples.Add({path, type, "", "other " + value_path, {}});
+  return value_path;
+}
+
+Json Codec<bool>::Sample(SampleBuilder& samples, const std::string& path, const std::string& /*value_path*/) {
+  samples.NextSeed();
+  samples.Add({path, "bool", false, NoSample(), {}});
+  return true;
+}
+
+Json Codec<double>::Sample(SampleBuilder& samples, const std::string& path,
+                           const std::string& /*value_path*/) {
+  const int seed = samples.NextSeed();
+  samples.Add({path, "double", 0.0, -(seed + 0.25), {}});
+  return seed + 0.5;
+}
+
+// Canonical times are minutes apart from 2026-03-09T08:00:00.000Z; the other value a day later.
+Json Codec<Kst::Time>::Sample(SampleBuilder& samples, const std::string& path,
+                              const std::string& /*value_path*/) {
+  constexpr int64_t kBase = 1773043200000;  // 2026-03-09T08:00:00.000Z
+  const int64_t at = kBase + samples.NextSeed() * int64_t{60000};
+  samples.Add({path, "time", 0, FormatIsoTime(Kst::Time::FromUnixMilliseconds(at + 86400000)), {}});
+  return FormatIsoTime(Kst::Time::FromUnixMilliseconds(at));
 }
 
 }  // namespace oet_replay

@@ -3,19 +3,15 @@
 //
 // Exit status: 0 when every line ran and (with --check) the output matched; otherwise the sum of
 // 1 (some lines were wrong and skipped), 2 (the output differs from the expected file) and
-// 4 (a file could not be read or written).
-#include <cstdio>
+// 4 (a file could not be read or written, standard output included); see tools/replay/replay.h.
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
-#include "tools/replay/session.h"
-#include "tools/replay/text_diff.h"
+#include "tools/replay/replay.h"
 
 #if defined(_WIN32)
 #include <windows.h>
@@ -29,9 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kBadLines = 1;
-constexpr int kDifferent = 2;
-constexpr int kFileProblem = 4;
 constexpr char kSampleName[] = "sample-session.jsonl";
 
 fs::path ExecutableDir(const char* argv0) {
@@ -57,94 +50,40 @@ std::string FindSample(const char* argv0) {
   return OET_REPLAY_SAMPLE_SOURCE;
 }
 
-bool ReadFile(const std::string& path, std::string& text) {
-  std::ifstream in(fs::u8path(path), std::ios::binary);
-  if (!in) return false;
-  std::ostringstream content;
-  content << in.rdbuf();
-  text = content.str();
-  return !in.bad();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
   CLI::App app{
       "Runs a session script (JSON Lines of tracking calls and host directives) against a recording "
-      "telemetry "
-      "host and prints, for every call, its result and the events it produced."};
-  std::string script_path;
-  std::string output_path;
-  std::string expected_path;
+      "telemetry host and prints, for every call, its result and the events it produced."};
+  oet_replay::ReplayOptions options;
   bool pretty = false;
-  app.add_option("script", script_path,
-                 "Session script (.jsonl); '-' reads standard input. Default: the sample session "
-                 "(examples/sample-session.jsonl)");
-  app.add_flag("--pretty", pretty, "Indent the output, one host call per line");
-  app.add_option("-o,--output", output_path, "Write the output to FILE instead of standard output");
-  app.add_option(
-      "--check", expected_path,
-      "Compare the output with the expected file EXPECTED, print the differences and exit non-zero "
-      "when they differ");
+  bool view = false;
+  auto* script = app.add_option("script", options.script,
+                                "Session script (.jsonl); '-' reads standard input. Default: the sample "
+                                "session (examples/sample-session.jsonl)");
+  auto* pretty_flag = app.add_flag("--pretty", pretty, "Indent the JSON output, one host call per line");
+  app.add_flag("--view", view, "Print the readable view of the events instead of JSON")
+      ->excludes(pretty_flag);
+  app.add_option("-o,--output", options.output, "Write the output to FILE instead of standard output");
+  app.add_option("--check", options.expected,
+                 "Compare the output with the expected file EXPECTED, print the differences and exit "
+                 "non-zero when they differ");
+  app.add_flag("--catalog", options.catalog,
+               "Write the event catalog (docs/events.md) instead of running a script")
+      ->excludes(script);
   CLI11_PARSE(app, argc, argv);
 
-  int status = 0;
-  if (script_path.empty()) {
-    script_path = FindSample(argc > 0 ? argv[0] : nullptr);
-    if (script_path.empty()) {
+  options.format = view     ? oet_replay::OutputFormat::kView
+                   : pretty ? oet_replay::OutputFormat::kPretty
+                            : oet_replay::OutputFormat::kJson;
+  if (!options.catalog && options.script.empty()) {
+    options.script = FindSample(argc > 0 ? argv[0] : nullptr);
+    if (options.script.empty()) {
       std::cerr << "oet-replay: no script given and no sample session found\n";
-      return kFileProblem;
+      return oet_replay::kFileProblem;
     }
   }
-
-  std::ifstream file;
-  std::istream* script = &std::cin;
-  std::string name = "<stdin>";
-  if (script_path != "-") {
-    file.open(fs::u8path(script_path), std::ios::binary);
-    if (!file) {
-      std::cerr << "oet-replay: cannot read " << script_path << "\n";
-      return kFileProblem;
-    }
-    script = &file;
-    name = script_path;
-  }
-
-  std::ostringstream output;
-  oet_replay::SessionOptions options;
-  options.pretty = pretty;
-  const oet_replay::SessionSummary summary =
-      oet_replay::RunSession(*script, name, options, output, std::cerr);
-  if (summary.rejected > 0) {
-    std::cerr << name << ": " << summary.rejected << (summary.rejected == 1 ? " line was" : " lines were")
-              << " wrong and skipped\n";
-    status |= kBadLines;
-  }
-
-  if (!output_path.empty()) {
-    std::ofstream out(fs::u8path(output_path), std::ios::binary);
-    out << output.str();
-    if (!out.flush()) {
-      std::cerr << "oet-replay: cannot write " << output_path << "\n";
-      status |= kFileProblem;
-    }
-  } else if (expected_path.empty()) {
-    std::cout << output.str() << std::flush;
-  }
-
-  if (!expected_path.empty()) {
-    std::string expected;
-    if (!ReadFile(expected_path, expected)) {
-      std::cerr << "oet-replay: cannot read " << expected_path << "\n";
-      return status | kFileProblem;
-    }
-    const std::string diff = oet_replay::LineDiff(expected, output.str(), expected_path, "output of " + name);
-    if (diff.empty()) {
-      std::cout << "oet-replay: output of " << name << " matches " << expected_path << "\n";
-    } else {
-      std::cout << diff;
-      status |= kDifferent;
-    }
-  }
-  return status;
+  return oet_replay::Replay(options, std::cin, std::cout, std::cerr);
 }

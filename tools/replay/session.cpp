@@ -5,6 +5,8 @@
 #include <ostream>
 
 #include "testing/event_json.h"
+#include "tools/replay/json_reader.h"
+#include "tools/replay/view.h"
 
 namespace oet_replay {
 namespace {
@@ -14,17 +16,9 @@ bool IsBlankOrComment(const std::string& text) {
   return first == std::string::npos || text[first] == '#';
 }
 
-// The message of a parse error without the library's error-code prefix.
-std::string ParseErrorText(const std::exception& error) {
-  std::string text = error.what();
-  const size_t bracket = text.find("] ");
-  if (!text.empty() && text[0] == '[' && bracket != std::string::npos) text.erase(0, bracket + 2);
-  return text;
-}
-
-std::string Printed(const Json& value, bool pretty) {
-  if (pretty) return oet_testing::PrettyPrint(value);
-  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+std::string Printed(const Json& value, OutputFormat format) {
+  if (format == OutputFormat::kPretty) return oet_testing::PrettyPrint(value);
+  return CompactText(value);
 }
 
 }  // namespace
@@ -33,12 +27,7 @@ Step ReadStep(const std::string& text, Issues& issues) {
   Step step;
   if (IsBlankOrComment(text)) return step;
   Json line;
-  try {
-    line = Json::parse(text);
-  } catch (const Json::parse_error& error) {
-    issues.Add("malformed JSON: " + ParseErrorText(error));
-    return step;
-  }
+  if (!ParseLine(text, line, issues)) return step;
   if (!line.is_object()) {
     issues.Add("a line must be a JSON object, not " + Shown(line));
     return step;
@@ -77,6 +66,7 @@ Step ReadStep(const std::string& text, Issues& issues) {
   if (!issues.empty()) return Step{};
   step.kind = is_call ? Step::Kind::kCall : Step::Kind::kDirective;
   if (line.contains("note")) step.note = line["note"];
+  if (!is_call) step.line = std::move(line);
   return step;
 }
 
@@ -93,16 +83,23 @@ SessionSummary RunSession(std::istream& script, const std::string& name, const S
       if (step.kind == Step::Kind::kDirective) {
         const std::string problem = step.directive(host);
         if (!problem.empty()) issues.Add(problem);
+        if (problem.empty() && options.format == OutputFormat::kView)
+          output << ViewOfDirective(number, step.name, step.note, step.line);
       } else if (step.kind == Step::Kind::kCall) {
         const CallResult result = step.call();
-        Json out = Json::object();
-        out["line"] = number;
-        out["call"] = step.name;
-        if (!step.note.is_null()) out["note"] = step.note;
-        out["result"] = result.result;
-        if (!result.filled.empty()) out["filled"] = result.filled;
-        out["events"] = oet_testing::ToJson(host.recording().TakeEvents());
-        output << Printed(out, options.pretty) << "\n";
+        const std::vector<oet_testing::RecordedEvent> events = host.recording().TakeEvents();
+        if (options.format == OutputFormat::kView) {
+          output << ViewOfCall(number, step.name, step.note, result, events);
+        } else {
+          Json out = Json::object();
+          out["line"] = number;
+          out["call"] = step.name;
+          if (!step.note.is_null()) out["note"] = step.note;
+          out["result"] = result.result;
+          if (!result.filled.empty()) out["filled"] = result.filled;
+          out["events"] = oet_testing::ToJson(events);
+          output << Printed(out, options.format) << "\n";
+        }
         ++summary.calls;
       }
     } catch (const std::exception& error) {

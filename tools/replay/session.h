@@ -5,7 +5,11 @@
 // "note" when the line has one, its return value ("result", null for an export that returns nothing),
 // the records it filled ("filled", only for exports that fill one) and the events it produced
 // ("events": each with its number, its outcome "submitted", "destroyed" or "open", and its host calls
-// in order). Directives, blank lines and lines starting with "#" write nothing.
+// in order). Directives, blank lines and lines starting with "#" write nothing. The readable view
+// (view.h) writes the same as text instead, and shows directives too.
+//
+// Output is written call by call as the script is read, so that a session of any length runs in
+// memory that does not grow with it.
 //
 // A line that cannot be read (malformed JSON, an unknown export, directive or field, a value of the
 // wrong type or out of range) is reported on the error stream as `NAME:LINE: message`, one message
@@ -28,6 +32,7 @@ struct Step {
   Kind kind = Kind::kNothing;
   std::string name;  // the export or the directive
   Json note;         // the line's "note", or null
+  Json line;         // a directive's line as read
   PreparedCall call;
   PreparedDirective directive;
 };
@@ -36,8 +41,14 @@ struct Step {
 // fills `issues`.
 Step ReadStep(const std::string& text, Issues& issues);
 
+enum class OutputFormat {
+  kJson,    // one JSON document per line
+  kPretty,  // indented JSON, one host call per line (testing/event_json.h's PrettyPrint)
+  kView,    // the readable view (view.h)
+};
+
 struct SessionOptions {
-  bool pretty = false;  // indented output (testing/event_json.h's PrettyPrint) instead of one line per call
+  OutputFormat format = OutputFormat::kJson;
 };
 
 struct SessionSummary {
