@@ -33,11 +33,11 @@ void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_
   }
 }
 
-Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service) {
+Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service, WebUrlRead read) {
   Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
-  if (label.IsEmpty()) {
+  if (read == WebUrlRead::kAlways || label.IsEmpty()) {
     const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
-    ExtractVanityDomain(url, label);
+    if (label.IsEmpty()) ExtractVanityDomain(url, label);
   }
   return label;
 }

@@ -253,4 +253,21 @@ std::string SearchChatScopeToString(int32_t value) {
   return value == 1 ? "orbo_chat" : std::string();
 }
 
+std::string JoinMeetingInteractionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "button_clicked"},
+      {2, "screen_displayed"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string JoinScreenActionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "screen_displayed"},
+      // 2 has no word.
+      {3, "cancel"},
+  };
+  return Lookup(kWords, value);
+}
+
 }  // namespace oet

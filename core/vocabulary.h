@@ -58,4 +58,11 @@ std::string SearchSortOrderToString(int32_t value);
 // Chat scope of the search context: only 1 has a word, "orbo_chat".
 std::string SearchChatScopeToString(int32_t value);
 
+// What happened on the join-meeting screen: 1 "button_clicked", 2 "screen_displayed".
+std::string JoinMeetingInteractionToString(int32_t value);
+
+// The join-meeting screen's action: 1 "screen_displayed", 3 "cancel". 2 has no word. The same word
+// "screen_displayed" stands under 2 above and under 1 here; both are what the back end expects.
+std::string JoinScreenActionToString(int32_t value);
+
 }  // namespace oet

@@ -20,3 +20,4 @@
 // ---- Standalone events: chat, meeting, client, performance metrics, notice, preferences.
 
 // ---- Performance reports and chat-module events.
+#include "oEventTracker/OrboPTPAAP/oui_framework.h"
