@@ -21,6 +21,7 @@ class Registry final : public IServiceRegistry {
   // Modules are never erased, only emptied, so that a pointer handed out stays valid.
   std::map<std::string, Module, std::less<>> modules;
   std::atomic<bool> available{true};
+  std::atomic<long long> requests{0};
 };
 
 // The registry lives until the process is gone (never destroyed), so that a library called from a
@@ -48,6 +49,7 @@ IServiceModule* Registry::GetModule(const char* module_name) {
 
 IServiceRegistry* KstMQ_GetService() {
   Registry& registry = TheRegistry();
+  registry.requests.fetch_add(1, std::memory_order_relaxed);
   return registry.available.load() ? &registry : nullptr;
 }
 
@@ -85,6 +87,10 @@ void ClearRegistry() {
 
 void SetRegistryAvailable(bool available) {
   TheRegistry().available.store(available);
+}
+
+long long RegistryRequests() {
+  return TheRegistry().requests.load(std::memory_order_relaxed);
 }
 
 }  // namespace KstHost

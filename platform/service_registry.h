@@ -47,4 +47,7 @@ KST_API void UnregisterClassObject(const char* module_name, const char* class_st
 KST_API void ClearRegistry();
 // While unavailable, KstMQ_GetService() answers null. Available at start.
 KST_API void SetRegistryAvailable(bool available);
+// How many times KstMQ_GetService() has been called in this process (tests use it to see that a
+// function looked no service up).
+KST_API long long RegistryRequests();
 }  // namespace KstHost
