@@ -54,7 +54,8 @@ OET_API Kst::CStringT<char> FormatSettingInteractInfoAsString(const SettingInter
 //  - Reading stops where the text ends: a field whose piece the text does not reach keeps its value.
 //    So an empty text changes nothing, and "3,12,1,0,7" (no sixth piece) sets the codes and keeps the
 //    text.
-//  - A text of 2^31 - 1 bytes or more, beyond the host string's int lengths, changes nothing.
+//  - A text of 512 MiB (2^29 bytes) or more, beyond what the host's int-sized conversions take,
+//    changes nothing.
 OET_API void ParseSettingInterfactInfoFromString(SettingInteractInfo_s& info,
                                                  const Kst::CStringT<char>& text);
 
