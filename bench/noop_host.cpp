@@ -27,15 +27,28 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 
 // A field interface becomes a mixin whose operations do nothing; an entity class becomes a final class
 // whose own operations do nothing and that, where it has one, inherits its field interface's mixin.
+// Every entity hands out the one holder, whose value goes nowhere.
+class NoopHolder final : public orbo_entity::AttributeHolder {
+ public:
+  void SetValue(int32_t /*value*/) override {}
+};
+NoopHolder g_holder;
+
 #define KST_FIELDS(Name)                   \
   class Noop##Name : public virtual Name { \
    public:
+#define KST_NOOP_HOLDER                                                             \
+  orbo_entity::AttributeHolder* GetAttributeHolder(int32_t /*selector*/) override { \
+    return &g_holder;                                                               \
+  }
 #define KST_ENTITY(Name, TypeId)         \
   class Noop##Name final : public Name { \
-   public:
+   public:                               \
+    KST_NOOP_HOLDER
 #define KST_ENTITY_VIA(Name, TypeId, Fields)                  \
   class Noop##Name final : public Name, public Noop##Fields { \
-   public:
+   public:                                                    \
+    KST_NOOP_HOLDER
 #define KST_OP(Name, N, Kind, OpName) \
   void OpName KST_NOOP_PARAMS_##Kind override {}
 #define KST_RESERVED(Name, N)

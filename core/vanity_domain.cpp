@@ -41,18 +41,12 @@ void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_
   result = Kst::CStringT<wchar_t>(label.data(), static_cast<int>(label.size()));
 }
 
-Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service) {
-  Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
-  if (label.IsEmpty()) {
-    const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
-    ExtractVanityDomain(url, label);
-  }
-  return label;
-}
-
-std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service) {
+std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read) {
   const Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
-  if (!label.IsEmpty()) return ToUtf8(label);
+  if (!label.IsEmpty()) {
+    if (read == WebUrlRead::kAlways) web_service.GetAccountWebUrl(0, 0);  // asked for, not needed
+    return ToUtf8(label);
+  }
   const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
   const std::wstring_view found = VanityLabel(url);
   // Read up to a NUL, as every host string is.

@@ -20,10 +20,14 @@ namespace oet {
 // searches are case-sensitive. The suffixes are the build setting OET_WEB_DOMAIN_SUFFIXES.
 void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_t>& result);
 
-// The account's domain label as the web service knows it: its stored label (operation 35), or, when
-// that is empty, ExtractVanityDomain of its web URL (operation 37).
-Kst::CStringT<wchar_t> AccountDomainLabel(ICVWebServiceAPI& web_service);
-// The same label as UTF-8, converted straight from the web service's answers (no wide copy of it).
-std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service);
+// When the account's web URL is asked for: only when the stored label is empty, or every time (the
+// OUI-framework event asks for both, label first, on every call).
+enum class WebUrlRead { kWhenLabelEmpty, kAlways };
+
+// The account's domain label as the web service knows it, as UTF-8: its stored label (operation 35), or,
+// when that is empty, ExtractVanityDomain of its web URL (operation 37), converted straight from the
+// web service's answers (no wide copy of the label).
+std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service,
+                                   WebUrlRead read = WebUrlRead::kWhenLabelEmpty);
 
 }  // namespace oet

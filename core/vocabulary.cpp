@@ -268,4 +268,21 @@ std::string SurveyActionToString(int32_t value) {
   return Lookup(kWords, value);
 }
 
+std::string JoinMeetingInteractionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "button_clicked"},
+      {2, "screen_displayed"},
+  };
+  return Lookup(kWords, value);
+}
+
+std::string JoinScreenActionToString(int32_t value) {
+  static constexpr Word kWords[] = {
+      {1, "screen_displayed"},
+      // 2 has no word.
+      {3, "cancel"},
+  };
+  return Lookup(kWords, value);
+}
+
 }  // namespace oet

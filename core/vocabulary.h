@@ -66,4 +66,11 @@ std::string SurveyStageToString(int32_t value);
 // 3 "minimize", 4 "thumbs_up", 5 "thumbs_down".
 std::string SurveyActionToString(int32_t value);
 
+// What happened on the join-meeting screen: 1 "button_clicked", 2 "screen_displayed".
+std::string JoinMeetingInteractionToString(int32_t value);
+
+// The join-meeting screen's action: 1 "screen_displayed", 3 "cancel". 2 has no word. The same word
+// "screen_displayed" stands under 2 above and under 1 here; both are what the back end expects.
+std::string JoinScreenActionToString(int32_t value);
+
 }  // namespace oet

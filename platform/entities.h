@@ -11,8 +11,26 @@
 
 namespace orbo_entity {
 
+// An entity's attribute holder: a value the telemetry service keeps beside an entity's fields for
+// one selector (the in-meeting meeting event marks its entities through the holder of selector -3).
+// What the value means is the telemetry service's.
+class AttributeHolder {
+ public:
+  // 1: sets the holder's value.
+  virtual void SetValue(int32_t value) = 0;
+
+ protected:
+  ~AttributeHolder() = default;
+};
+
 // The base shared by every entity class; what an event is given when an entity is attached.
 class EntityBase {
+ public:
+  // 1: the entity's attribute holder for `selector`, or null when the entity has none. The holder
+  // belongs to the entity and lives as long as it does. This is the first operation of the base's
+  // table, the only one the library calls.
+  virtual AttributeHolder* GetAttributeHolder(int32_t selector) = 0;
+
  protected:
   ~EntityBase() = default;
 };

@@ -37,14 +37,17 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_FIELDS(Name)                                                      \
   class Recorded##Name : public virtual Name, public virtual RecordedEntity { \
    public:
-#define KST_ENTITY_COMMON(Name)                               \
-  Recorded##Name(RecordingHost* host, int event, int number)  \
-      : RecordedEntity(host, event, number, Name::kTypeId) {} \
-  EntityBase* base() override {                               \
-    return static_cast<Name*>(this);                          \
-  }                                                           \
-  void* own_interface() override {                            \
-    return static_cast<Name*>(this);                          \
+#define KST_ENTITY_COMMON(Name)                                    \
+  Recorded##Name(RecordingHost* host, int event, int number)       \
+      : RecordedEntity(host, event, number, Name::kTypeId) {}      \
+  EntityBase* base() override {                                    \
+    return static_cast<Name*>(this);                               \
+  }                                                                \
+  void* own_interface() override {                                 \
+    return static_cast<Name*>(this);                               \
+  }                                                                \
+  AttributeHolder* GetAttributeHolder(int32_t selector) override { \
+    return HolderFor(selector);                                    \
   }
 #define KST_ENTITY(Name, TypeId)                                            \
   class Recorded##Name final : public Name, public virtual RecordedEntity { \

@@ -9,10 +9,14 @@
 // Every host-visible call is recorded in order: CreateEvent, CreateEntity with its type, every
 // entity operation (interface, 1-based operation number, argument or none), AttachEntityList with its
 // entries (null entries included), AttachEntity, SubmitEvent with both codes and the size of the
-// parameter map, DestroyEvent. Calls are grouped by event: entity requests and operations belong to
-// the event most recently created on the same thread and not yet submitted or destroyed.
+// parameter map, DestroyEvent. Every entity hands out an attribute holder (unless told not to): the
+// request shows as the entity's operation `EntityBase.1 GetAttributeHolder <selector>` and each value set
+// on the holder as `AttributeHolder.1 SetValue <value>` of the same entity. Calls are grouped by event:
+// entity requests and operations belong to the event most recently created on the same thread and not yet
+// submitted or destroyed.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -108,6 +112,10 @@ class RecordingHost {
   // Runs `hook` at every CreateEvent before it answers, outside the host's lock: a host whose other
   // services change while the library makes an event. Null removes it.
   void SetCreateEventHook(std::function<void()> hook);
+  // While false, entities answer every attribute-holder request with null (the request is still
+  // recorded). True at start.
+  void SetAttributeHoldersPresent(bool present) { attribute_holders_present_ = present; }
+  bool AttributeHoldersPresent() const { return attribute_holders_present_; }
 
   // Every call so far, in order, across events.
   std::vector<Call> Log() const;
@@ -158,6 +166,7 @@ class RecordingHost {
   int throw_countdown_ = 0;
   bool destroy_event_throws_ = false;
   std::function<void()> create_event_hook_;
+  std::atomic<bool> attribute_holders_present_{true};
 };
 
 // State shared by every recording entity.
@@ -179,8 +188,27 @@ class RecordedEntity {
   void Record(const char* iface, int op, const char* name, OpKind kind, OpValue value) {
     host_->RecordOp(*this, iface, op, name, kind, std::move(value));
   }
+  // The entity's answer to an attribute-holder request: records it, then gives the entity's one
+  // holder, or null while the host hands out none.
+  orbo_entity::AttributeHolder* HolderFor(int32_t selector) {
+    Record("EntityBase", 1, "GetAttributeHolder", OpKind::kInt32, selector);
+    return host_->AttributeHoldersPresent() ? &holder_ : nullptr;
+  }
 
  private:
+  // Records every value set on it as an operation of its entity.
+  class Holder final : public orbo_entity::AttributeHolder {
+   public:
+    explicit Holder(RecordedEntity* entity) : entity_(entity) {}
+    void SetValue(int32_t value) override {
+      entity_->Record("AttributeHolder", 1, "SetValue", OpKind::kInt32, value);
+    }
+
+   private:
+    RecordedEntity* entity_;
+  };
+
+  Holder holder_{this};
   RecordingHost* host_ = nullptr;
   int event_ = 0;
   int number_ = 0;

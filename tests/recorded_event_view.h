@@ -1,6 +1,7 @@
 // One recorded event as tests read it: the types in its context list and body, and each entity's
 // operations as "N=value" (N~ for a clear), joined by "|", prefixed by the field interface where one
-// declares the operation ("DeviceInfo.2=ws-value").
+// declares the operation ("DeviceInfo.2=ws-value"), or by the shared base or the attribute holder
+// ("EntityBase.1=-3|AttributeHolder.1=3").
 #pragma once
 
 #include <gtest/gtest.h>
@@ -40,7 +41,8 @@ class EventView {
       const std::string text = oet_testing::Describe(call);  // "#n Iface.N Name [value]"
       const size_t name_end = text.find(' ', text.find(' ', text.find(' ') + 1) + 1);
       ops += (ops.empty() ? "" : "|") +
-             (call.iface.find("Entity") == std::string::npos ? call.iface + "." : "") +
+             (call.iface.find("Entity") == std::string::npos || call.iface == "EntityBase" ? call.iface + "."
+                                                                                           : "") +
              std::to_string(call.op) + (call.kind == oet_testing::OpKind::kClear ? "~" : "=");
       if (const auto* s = std::get_if<std::string>(&call.value)) {
         ops += *s;

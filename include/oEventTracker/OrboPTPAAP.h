@@ -28,3 +28,4 @@
 // ---- Performance reports and chat-module events.
 #include "oEventTracker/OrboPTPAAP/apm_reports.h"
 #include "oEventTracker/OrboPTPAAP/chat_module.h"
+#include "oEventTracker/OrboPTPAAP/oui_framework.h"

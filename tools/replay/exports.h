@@ -79,6 +79,16 @@ struct InExport {
   InExport& operator=(const InExport&) = delete;
 };
 
+// Inside an export's adapter, marks the tool's own work around the export (building and reading back
+// its arguments) as outside the export.
+struct OutsideExport {
+  OutsideExport() : was_in_export(t_in_export) { t_in_export = false; }
+  ~OutsideExport() { t_in_export = was_in_export; }
+  OutsideExport(const OutsideExport&) = delete;
+  OutsideExport& operator=(const OutsideExport&) = delete;
+  const bool was_in_export;
+};
+
 template <class P>
 using RecordOf = std::remove_cv_t<std::remove_reference_t<P>>;
 

@@ -17,7 +17,7 @@ namespace oet_replay {
 
 namespace {
 
-enum class Service { kRegistry, kTelemetry, kWebService, kUrlUtils, kShortKeyLookup };
+enum class Service { kRegistry, kTelemetry, kWebService, kUrlUtils, kShortKeyLookup, kAttributeHolders };
 
 const std::pair<Service, const char*> kServiceNames[] = {
     {Service::kRegistry, "registry"},
@@ -25,6 +25,8 @@ const std::pair<Service, const char*> kServiceNames[] = {
     {Service::kWebService, "web_service"},
     {Service::kUrlUtils, "url_utils"},
     {Service::kShortKeyLookup, "short_key_lookup"},
+    // The entities' attribute holders: absent, every entity answers a holder request with null.
+    {Service::kAttributeHolders, "attribute_holders"},
 };
 
 }  // namespace
@@ -254,6 +256,9 @@ void SetPresent(Service service, bool present, SessionHost& host) {
       break;
     case Service::kShortKeyLookup:
       host.web_service().SetLookupPresent(present);
+      break;
+    case Service::kAttributeHolders:
+      host.recording().SetAttributeHoldersPresent(present);
       break;
   }
 }

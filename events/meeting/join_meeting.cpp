@@ -1,0 +1,133 @@
+// The join-meeting text (its writer and reader) and the join-meeting event, whose body is the home-tab
+// entity (285).
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "core/context_entities.h"
+#include "core/event.h"
+#include "core/host.h"
+#include "core/vocabulary.h"
+#include "oEventTracker/PTJoinMeetingPAAP.h"
+
+namespace PTJoinMeetingPAAP {
+namespace {
+
+using orbo_entity::HomeTabEntity;
+
+constexpr char kSeparator = '|';
+// Pieces the reader looks at; a text may hold more, which are never read.
+constexpr int kPiecesRead = 6;
+
+// What the reader found, written to the caller's outputs only once the whole text has been read (so
+// that a text which is also one of the outputs is read as it was passed).
+struct JoinMeetingPieces {
+  int reached = 0;  // how many pieces the text holds, up to kPiecesRead
+  Kst::CStringT<char> interaction_word;
+  Kst::CStringT<char> action_word;
+  int first_flag = 0;
+  int second_flag = 0;
+};
+
+JoinMeetingPieces ReadPieces(const Kst::CStringT<char>& text) {
+  JoinMeetingPieces pieces;
+  const std::string_view bytes(text.c_str());  // up to the first NUL, as every host string is read
+  size_t start = 0;
+  for (; pieces.reached < kPiecesRead && start < bytes.size(); ++pieces.reached) {
+    const size_t separator = bytes.find(kSeparator, start);
+    const size_t end = separator == std::string_view::npos ? bytes.size() : separator;
+    Kst::CStringT<char> piece(std::string(bytes.substr(start, end - start)));  // any length
+    piece.Trim();
+    start = separator == std::string_view::npos ? bytes.size() : separator + 1;
+    switch (pieces.reached) {
+      case 0:
+        pieces.interaction_word = std::move(piece);
+        break;
+      case 1:
+        pieces.action_word = std::move(piece);
+        break;
+      case 2:
+        pieces.first_flag = piece == "1" ? 1 : 0;
+        break;
+      case 3:
+        pieces.second_flag = piece == "1" ? 1 : 0;
+        break;
+      default:
+        break;  // pieces 5 and 6 carry nothing the reader keeps
+    }
+  }
+  return pieces;
+}
+
+// Reads the text into the outputs; throws only when memory runs out, leaving the outputs untouched.
+void ReadInto(Kst::CStringT<char>& interaction_word, Kst::CStringT<char>& action_word, int& first_flag,
+              int& second_flag, const Kst::CStringT<char>& text) {
+  if (text.IsEmpty()) return;
+  JoinMeetingPieces pieces = ReadPieces(text);
+  if (pieces.reached > 0) interaction_word = std::move(pieces.interaction_word);
+  if (pieces.reached > 1) action_word = std::move(pieces.action_word);
+  if (pieces.reached > 2) first_flag = pieces.first_flag;
+  if (pieces.reached > 3) second_flag = pieces.second_flag;
+}
+
+}  // namespace
+
+Kst::CStringT<char> FormatJoinMeetingInteractInfoAsString(const PTJoinMeetingInteractInfo_s& info) {
+  try {
+    std::string text = oet::JoinMeetingInteractionToString(info.interaction_type);
+    text += kSeparator;
+    text += oet::JoinScreenActionToString(info.join_screen_action);
+    text += kSeparator;
+    text += info.first_flag != 0 ? '1' : '0';
+    text += kSeparator;
+    text += info.second_flag != 0 ? '1' : '0';
+    return Kst::CStringT<char>(text);
+  } catch (...) {
+    return Kst::CStringT<char>();  // only when memory runs out
+  }
+}
+
+void ParseJoinMeetingInterfactInfoFromString(Kst::CStringT<char>& interaction_word,
+                                             Kst::CStringT<char>& action_word, int& first_flag,
+                                             int& second_flag, const Kst::CStringT<char>& text) {
+  try {
+    ReadInto(interaction_word, action_word, first_flag, second_flag, text);
+  } catch (...) {
+    // Memory ran out while reading: the outputs are left as the caller had them.
+  }
+}
+
+int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,
+                                       const PTJoinMeetingTrackingInfo_s& /*tracking*/) {
+  return oet::Guarded([&] {
+    if (text.IsEmpty()) return 0;
+    auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
+    if (!event) return 0;
+    oet::ContextList list(2);
+    list.Add(oet::BuildClientEntity(event->telemetry(), event->web_service()));
+    list.Add(event->Create<orbo_entity::TrackingInfoEntity>());  // goes out without fields
+    event->AttachContextAlways(std::move(list));
+
+    Kst::CStringT<char> interaction_word;
+    Kst::CStringT<char> action_word;
+    int first_flag = 0;
+    int second_flag = 0;
+    // Read with the throwing reader: an event whose words were lost to a failed allocation is
+    // destroyed rather than sent with empty words.
+    ReadInto(interaction_word, action_word, first_flag, second_flag, text);
+    if (auto* body = event->Create<HomeTabEntity>()) {
+      body->SetThirdFlag(first_flag != 0);
+      body->SetFeature("join_meeting");
+      oet::SetOrClear(body, &HomeTabEntity::ClearElement, &HomeTabEntity::SetElement, action_word);
+      body->SetInteractionType(oet::TextOf(interaction_word));  // set also when empty
+      body->SetFirstFlag(false);
+      body->SetFourthFlag(second_flag != 0);
+      body->SetSecondFlag(false);
+      body->SetFifthFlag(false);
+      event->AttachBody(body);
+    }
+    return event->Submit(oet::kStandaloneCodes);
+  });
+}
+
+}  // namespace PTJoinMeetingPAAP
