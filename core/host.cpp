@@ -1,5 +1,7 @@
 #include "core/host.h"
 
+#include <algorithm>
+#include <climits>
 #include <string>
 
 #include "platform/kst_convert.h"
@@ -35,7 +37,8 @@ namespace {
 // Converts `units` (`length` of them, or up to the first NUL when `length` is -1) into UTF-8; `capacity`
 // is the number of units to size for. Short texts are converted on the stack, so that only a result
 // longer than the string's own small buffer allocates. A wide unit never takes more than four UTF-8
-// bytes; one more for the terminator.
+// bytes; one more for the terminator. The host's conversion counts bytes in an int, so a text whose
+// UTF-8 form would pass INT_MAX - 1 bytes is cut there, at a character boundary.
 std::string Convert(const wchar_t* units, int length, int capacity) {
   if (capacity <= 0) return std::string();
   constexpr int kStackUnits = 63;
@@ -44,7 +47,8 @@ std::string Convert(const wchar_t* units, int length, int capacity) {
     const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
     return std::string(utf8, static_cast<size_t>(written > 0 ? written : 0));
   }
-  std::string utf8(static_cast<size_t>(capacity) * 4 + 1, '\0');
+  const size_t bytes = std::min(static_cast<size_t>(capacity) * 4 + 1, static_cast<size_t>(INT_MAX));
+  std::string utf8(bytes, '\0');
   const int written = kst_str_convert(KST_CP_UTF8, units, length, &utf8[0], static_cast<int>(utf8.size()));
   utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
   return utf8;
