@@ -41,11 +41,12 @@ extern char** environ;
 using oet_bench::FloorRow;
 using oet_bench::Run;
 
-// The loop that callgrind collects: `calls` calls of `run`, nothing else.
-extern "C" __attribute__((noinline)) long oet_bench_measured_loop(Run run, long calls) {
+// The loop that callgrind collects: `calls` calls of one side of a row, nothing else (for a
+// rate-limited row, each after the host's clock has moved a second on).
+extern "C" __attribute__((noinline)) long oet_bench_measured_loop(const FloorRow* row, Run run, long calls) {
   long sum = 0;
   for (long i = 0; i < calls; ++i)
-    sum += run(nullptr);
+    sum += oet_bench::CallRow(*row, run, nullptr);
   return sum;
 }
 
@@ -157,13 +158,15 @@ void RegisterBenchmarks(oet_bench::NoopHost& host) {
             const Run run = RunOf(row, side);
             if (state.thread_index() == 0) {
               host.SetWebAnswers(row.web);
-              run(nullptr);  // the client context filled before the timing starts
+              oet_bench::CallRow(row, run, nullptr);  // the client context filled before the timing starts
             }
             for (auto _ : state)
-              benchmark::DoNotOptimize(run(nullptr));
+              benchmark::DoNotOptimize(oet_bench::CallRow(row, run, nullptr));
           });
-      for (const int threads : kThreadCounts)
-        benchmark->Threads(threads);
+      // A rate limit holds for the whole process: threads calling at once would drop each other's calls.
+      for (const int threads : kThreadCounts) {
+        if (threads == 1 || !row.rate_limited) benchmark->Threads(threads);
+      }
     }
   }
 }
@@ -182,8 +185,8 @@ int MeasureOneSide(const Options& options) {
   host.SetWebAnswers(row->web);
   const Run run = RunOf(*row, side);
   for (int i = 0; i < 3; ++i)
-    run(nullptr);  // filled client context, resolved symbols, first-use statics
-  return oet_bench_measured_loop(run, options.calls) == options.calls ? 0 : 1;
+    oet_bench::CallRow(*row, run, nullptr);  // filled client context, resolved symbols, first-use statics
+  return oet_bench_measured_loop(row, run, options.calls) == options.calls ? 0 : 1;
 }
 
 bool HaveValgrind() {
@@ -215,10 +218,10 @@ std::optional<double> InstructionsPerCall(const Options& options, const FloorRow
 double AllocationsPerCall(const FloorRow& row, Side side, long calls) {
   const Run run = RunOf(row, side);
   for (int i = 0; i < 3; ++i)
-    run(nullptr);
+    oet_bench::CallRow(row, run, nullptr);
   const oet_bench::HeapCounts before = oet_bench::ThreadHeapCounts();
   for (long i = 0; i < calls; ++i)
-    run(nullptr);
+    oet_bench::CallRow(row, run, nullptr);
   const oet_bench::HeapCounts after = oet_bench::ThreadHeapCounts();
   return static_cast<double>(after.allocations - before.allocations) / static_cast<double>(calls);
 }
@@ -379,7 +382,7 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
       << "| row | resident KiB | live heap blocks |\n|---|---|---|\n";
   for (const FloorRow& row : rows) {
     host.SetWebAnswers(row.web);
-    row.library(nullptr);
+    oet_bench::CallRow(row, row.library, nullptr);
     // Figures are kept in fixed arrays while the calls run, so that keeping them allocates nothing.
     constexpr int kMaxCheckpoints = 12;
     long resident[kMaxCheckpoints];
@@ -390,7 +393,7 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
     for (long checkpoint = 0; checkpoint <= options.long_calls && checkpoints < kMaxCheckpoints;
          checkpoint = checkpoint == 0 ? 1000 : checkpoint * 10) {
       for (; done < checkpoint; ++done)
-        row.library(nullptr);
+        oet_bench::CallRow(row, row.library, nullptr);
       resident[checkpoints] = ResidentKiB();
       live[checkpoints++] = LiveBlocks() - live_at_start;
     }

@@ -101,6 +101,7 @@ class ClientFacts {
     AssignUtf8(facts.region, wide.region);
     AssignUtf8(facts.gpu_model, wide.gpu_model);
     AssignUtf8(facts.cpu_type, wide.cpu_type);
+    AssignUtf8(facts.cpu_name, wide.cpu_name);
     AssignUtf8(facts.resolution, wide.resolution);
     AssignUtf8(facts.network_type, wide.network_type);
     AssignUtf8(facts.language, wide.language);
@@ -205,10 +206,15 @@ bool Event::OpenTelemetryOnly() {
   return event_ != nullptr;
 }
 
-int Event::Submit() const {
+int Event::Submit(int32_t first, int32_t second) const {
   EventParams params;
-  telemetry_->SubmitEvent(event_, 3, 1, &params);
+  telemetry_->SubmitEvent(event_, first, second, &params);
   return 1;
+}
+
+int Event::Destroy() const {
+  event_->DestroyEvent(1);
+  return 0;
 }
 
 template <class Texts>

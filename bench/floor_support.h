@@ -8,7 +8,9 @@
 // to that.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -59,6 +61,7 @@ struct Facts {
   std::string region;
   std::string gpu_model;
   std::string cpu_type;
+  std::string cpu_name;
   std::string resolution;
   std::string network_type;
   std::string language;
@@ -110,13 +113,36 @@ class Event {
   void AttachBody(orbo_entity::EntityBase* body) const {
     if (body != nullptr) event_->AttachEntity(201, body);
   }
-  // Submits with codes 3 and 1 and an empty parameter map; 1, the export's result.
-  int Submit() const;
+  // Submits with the event's pair of codes (3 and 1 unless it says otherwise) and an empty parameter
+  // map; 1, the export's result.
+  int Submit(int32_t first = 3, int32_t second = 1) const;
+  // Destroys the event instead (its first operation, with 1); 0, the export's result.
+  int Destroy() const;
 
  private:
   iOrbotelemetryAPI* telemetry_ = nullptr;
   ICVWebServiceAPI* web_service_ = nullptr;
   IOrboEvent* event_ = nullptr;
+};
+
+// ---- Rate limits.
+
+// One throttled key: the host time of its last accepted call. A call is accepted when a second or more
+// of the host's clock has passed since then (a clock that moved back is not), and its time is stored
+// with one compare-and-swap; of two calls racing inside the second, the one that loses the swap is
+// dropped.
+class OncePerSecond {
+ public:
+  bool Admit() {
+    const int64_t now = Kst::Time::Now().ToUnixMicroseconds();
+    int64_t last = last_us_.load(std::memory_order_acquire);
+    if (last != kNone && now - last < 1000 * 1000) return false;
+    return last_us_.compare_exchange_strong(last, now, std::memory_order_acq_rel);
+  }
+
+ private:
+  static constexpr int64_t kNone = std::numeric_limits<int64_t>::min();
+  std::atomic<int64_t> last_us_{kNone};
 };
 
 // The client entity (283) filled from the refreshed facts and the client version; null when the host

@@ -11,7 +11,11 @@
 // of bench/floor_support.h), then add one row to bench/floor_table.cpp.
 #pragma once
 
+#include <vector>
+
+#include "oEventTracker/OrboPAAP.h"
 #include "oEventTracker/OrboPTPAAP.h"
+#include "oEventTracker/OrboSettingPAAP.h"
 
 namespace oet_floor {
 
@@ -32,5 +36,30 @@ int Signin(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::OSign
 
 // OrboPTPAAP::RetrieveClientDeviceInfo.
 int DeviceInfo(OrboPTPAAP::PTClientDeviceEntityStruct& info);
+
+// The floors of the chat, performance and meeting families read the client facts as UTF-8 kept once
+// filled, as the library does; a floor that converted them on every call would sit above its export.
+
+// OrboPTPAAP::TrackingPTChatEvent, with the limit of action types 174 and 185.
+int Chat(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::ChatInteractInfo_s& info);
+
+// OrboPTPAAP::TrackingPerfMetricsInfo, with the limit of the five noisy event names.
+int PerfMetrics(const OrboPTPAAP::PTTrackingInfo_s& tracking,
+                const OrboPTPAAP::OClientPerfMetricsInfo_s& info);
+
+// OrboPTPAAP::TrackingApmMacLaunchEvent.
+int MacLaunch(const OrboPTPAAP::OApmMacLaunchInfo_s& info);
+
+// OrboPTPAAP::TrackingApmIOSMetricKitDataEvent.
+int MetricKitData(const std::vector<OrboPTPAAP::OApmIOSMetricKitDataInfo_s>& samples);
+
+// OrboPTPAAP::TrackingPTChatDBInteractEvent, with the limit of interaction id 165.
+int ChatDatabase(const OrboPTPAAP::PTTrackingInfo_s& tracking, const OrboPTPAAP::ChatDBInteractInfo_s& info);
+
+// OrboPAAP::TrackingMeetingInteractEvent.
+int InMeeting(const OrboPAAP::MeetingTrackingInfo_s& tracking, const OrboPAAP::MeetingInteractInfo_s& info);
+
+// OrboSettingPAAP::TrackingSettingInteractEvent, reading the settings text by hand.
+int Setting(const Kst::CStringT<char>& text, const OrboSettingPAAP::SettingTrackingInfo_s& tracking);
 
 }  // namespace oet_floor

@@ -19,6 +19,7 @@
 #include "core/client_context.h"
 #include "platform/entities.h"
 #include "platform/kst_convert.h"
+#include "platform/kst_time.h"
 #include "platform/service_registry.h"
 #include "platform/system_info.h"
 #include "platform/url_utils.h"
@@ -88,6 +89,15 @@ struct Observation {
   std::vector<std::string> development_url_checks;
 };
 
+// The rate limits keep their last accepted times for the whole process, while every host sets the clock
+// back to the same standard time. Where the cases share one process (the Windows build runs them all in
+// one), each host's clock is moved on past every time an earlier case reached, so that a case's calls
+// are never dropped for an earlier case's.
+void MoveClockPastEarlierCases() {
+  static int64_t hosts = 0;
+  KstHost::AdvanceClock(Kst::TimeDelta::FromMilliseconds(++hosts * 60 * 1000));
+}
+
 // One call of `run` from the given state, as the host sees it.
 Observation Observe(Run run, const FloorRow& row, CacheState state) {
   std::vector<std::string> url_checks;
@@ -100,6 +110,7 @@ Observation Observe(Run run, const FloorRow& row, CacheState state) {
   host.web_service().SetAccountWebUrl(row.web.account_web_url);
   if (state == CacheState::kUnfilled) host.web_service().SetContextAnswer({"", "", "", ""});
   if (state == CacheState::kNoWebService) host.SetWebServicePresent(false);
+  MoveClockPastEarlierCases();
   oet::ResetClientContextForTesting();
   oet_floor::ResetClientContextForTesting();
   // One call first, so that the cache exists (filled or not, as the state says) and the observed call
@@ -177,13 +188,14 @@ TEST_P(NoopHostRun, ExportAndFloorSucceed) {
   const FloorRow& row = oet_bench::FloorRows().at(GetParam());
   oet_bench::NoopHost host;
   host.SetWebAnswers(row.web);
+  MoveClockPastEarlierCases();
   oet::ResetClientContextForTesting();
   oet_floor::ResetClientContextForTesting();
   for (int call = 0; call < 2; ++call) {  // filling the client context, then filled
     std::string library_filled;
     std::string floor_filled;
-    EXPECT_EQ(row.library(&library_filled), 1);
-    EXPECT_EQ(row.floor(&floor_filled), 1);
+    EXPECT_EQ(oet_bench::CallRow(row, row.library, &library_filled), 1);
+    EXPECT_EQ(oet_bench::CallRow(row, row.floor, &floor_filled), 1);
     EXPECT_EQ(floor_filled, library_filled);
   }
 }

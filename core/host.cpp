@@ -28,8 +28,11 @@ ICVWebServiceAPI* GetWebServiceApi() {
   return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
 }
 
-std::string TextOf(const Kst::CStringT<char>& text) {
-  return std::string(text.c_str());
+const std::string& TextOf(const Kst::CStringT<char>& text, std::string&& cut) {
+  const std::string& whole = text.str();
+  if (whole.find('\0') == std::string::npos) return whole;
+  cut = text.c_str();
+  return cut;
 }
 
 namespace {

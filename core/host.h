@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "platform/kst_string.h"
 #include "platform/telemetry_api.h"
@@ -27,14 +28,16 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
 // goes out as the text before it (and one that starts with NUL, which the host does not call empty,
 // as the empty text).
 
-// The text of a narrow host string (UTF-8).
-std::string TextOf(const Kst::CStringT<char>& text);
+// The text of a narrow host string (UTF-8), for passing on at once: the string's own text when it holds
+// no NUL (nothing is copied), else the text before its first NUL, kept in `cut`. Either lives until the
+// end of the caller's full expression; keep a copy to hold it longer.
+const std::string& TextOf(const Kst::CStringT<char>& text, std::string&& cut = std::string());
 // The text of a wide host string as UTF-8, through the host's code-page conversion.
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
 // `length` wide units as UTF-8, embedded NULs included (the caller has cut the text already).
 std::string ToUtf8(const wchar_t* units, int length);
-inline std::string Utf8Of(const Kst::CStringT<char>& text) {
-  return TextOf(text);
+inline const std::string& Utf8Of(const Kst::CStringT<char>& text, std::string&& cut = std::string()) {
+  return TextOf(text, std::move(cut));
 }
 inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) {
   return ToUtf8(text);

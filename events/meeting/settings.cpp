@@ -3,6 +3,7 @@
 #include <climits>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "core/event.h"
@@ -17,7 +18,7 @@ namespace {
 using orbo_entity::BasicInteractionEntity;
 
 constexpr char kSeparator = ',';
-constexpr wchar_t kWideSeparator[] = L",";
+constexpr wchar_t kWideSeparator = L',';
 constexpr int kCodes = 5;
 // Pieces the reader looks at: the five codes and the text; a text may hold more, which are never read.
 constexpr int kPiecesRead = kCodes + 1;
@@ -25,59 +26,91 @@ constexpr int kPiecesRead = kCodes + 1;
 // UTF-8 takes up to four bytes per wide unit.
 constexpr size_t kMaxTextBytes = (INT_MAX - 1) / 4;
 
-// What the reader found, written to the record only once the whole text has been read (so that a text
-// which is the record's own text is read as it was passed).
+// Texts up to this many bytes are read on the stack (one wide unit per byte at most).
+constexpr int kStackUnits = 64;
+
+// What the reader found. The record is written only once the whole text has been read (so that a text
+// which is the record's own text is read as it was passed); the event takes the pieces as they are.
 struct SettingPieces {
   int reached = 0;  // how many pieces the text holds, up to kPiecesRead
   int32_t codes[kCodes] = {};
-  Kst::CStringT<char> text;
+  std::string text;  // the sixth piece as UTF-8, when reached
 };
 
 // The code of one piece: its value as the host reads an unsigned decimal number, stored bit for bit;
 // 0 when the host finds no number in it (the host then leaves the value as it was set, 0).
-int32_t CodeOf(const Kst::CStringT<wchar_t>& piece) {
+int32_t CodeOf(std::wstring_view piece) {
   uint32_t value = 0;
-  Kst::StringToUInt(piece, &value, 10);
+  Kst::StringToUInt(Kst::CStringT<wchar_t>(piece.data(), static_cast<int>(piece.size())), &value, 10);
   return static_cast<int32_t>(value);
 }
 
+// The piece without the blanks at either end, as the host string's Trim takes them off.
+std::wstring_view Trimmed(std::wstring_view piece) {
+  const auto blank = [](wchar_t c) {
+    return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\v' || c == L'\f';
+  };
+  size_t end = piece.size();
+  while (end > 0 && blank(piece[end - 1]))
+    --end;
+  size_t begin = 0;
+  while (begin < end && blank(piece[begin]))
+    ++begin;
+  return piece.substr(begin, end - begin);
+}
+
+// Converts the text to wide text once (on the stack when it is short) and reads the pieces as views
+// into it; only the text piece is converted back.
 SettingPieces ReadPieces(const char* utf8, size_t length) {
   SettingPieces pieces;
   if (length == 0) return pieces;
-  Kst::CStringT<wchar_t> wide;
   const int bytes = static_cast<int>(length);
   // A UTF-8 byte never gives more than one wide unit: length + 1 units hold the text and its terminator.
-  const int units = kst_str_convert(KST_CP_UTF8, utf8, bytes, wide.GetBuffer(bytes), bytes + 1);
-  wide.SetLength(units);
+  wchar_t on_stack[kStackUnits + 1];
+  std::wstring on_heap;
+  wchar_t* buffer = on_stack;
+  if (bytes > kStackUnits) {
+    on_heap.resize(length);
+    buffer = &on_heap[0];
+  }
+  const int units = kst_str_convert(KST_CP_UTF8, utf8, bytes, buffer, bytes + 1);
+  const std::wstring_view wide(buffer, static_cast<size_t>(units > 0 ? units : 0));
 
-  int start = 0;
-  for (; pieces.reached < kPiecesRead && start < wide.GetLength(); ++pieces.reached) {
-    const int separator = wide.find(kWideSeparator, start);
-    const int end = separator == Kst::CStringT<wchar_t>::npos ? wide.GetLength() : separator;
-    Kst::CStringT<wchar_t> piece = wide.substr(start, end - start);
-    piece.Trim();
-    start = separator == Kst::CStringT<wchar_t>::npos ? wide.GetLength() : separator + 1;
+  size_t start = 0;
+  for (; pieces.reached < kPiecesRead && start < wide.size(); ++pieces.reached) {
+    const size_t separator = wide.find(kWideSeparator, start);
+    const size_t end = separator == std::wstring_view::npos ? wide.size() : separator;
+    const std::wstring_view piece = Trimmed(wide.substr(start, end - start));
+    start = separator == std::wstring_view::npos ? wide.size() : separator + 1;
     if (pieces.reached < kCodes) {
       pieces.codes[pieces.reached] = CodeOf(piece);
     } else {
-      pieces.text = Kst::CStringT<char>(oet::ToUtf8(piece));
+      pieces.text = oet::ToUtf8(piece.data(), static_cast<int>(piece.size()));
     }
   }
   return pieces;
 }
 
+// Reads the text up to its first NUL, as every host string is read; a text too long for the host's
+// conversions gives no pieces. Throws only when memory runs out.
+SettingPieces ReadText(const Kst::CStringT<char>& text) {
+  if (text.IsEmpty()) return SettingPieces();
+  const char* utf8 = text.c_str();
+  const size_t length = std::strlen(utf8);
+  if (length > kMaxTextBytes) return SettingPieces();
+  return ReadPieces(utf8, length);
+}
+
 // Reads the text into the record; throws only when memory runs out, leaving the record untouched.
 void ReadInto(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
-  if (text.IsEmpty()) return;
-  const char* utf8 = text.c_str();
-  const size_t length = std::strlen(utf8);  // up to the first NUL, as every host string is read
-  if (length > kMaxTextBytes) return;
-  SettingPieces pieces = ReadPieces(utf8, length);
+  const SettingPieces pieces = ReadText(text);
+  const bool has_text = pieces.reached == kPiecesRead;
+  Kst::CStringT<char> piece_text = has_text ? Kst::CStringT<char>(pieces.text) : Kst::CStringT<char>();
   int32_t* const codes[kCodes] = {&info.first_code, &info.second_code, &info.third_code, &info.fourth_code,
                                   &info.fifth_code};
   for (int i = 0; i < kCodes && i < pieces.reached; ++i)
     *codes[i] = pieces.codes[i];
-  if (pieces.reached == kPiecesRead) info.text = std::move(pieces.text);
+  if (has_text) info.text = std::move(piece_text);
 }
 
 }  // namespace
@@ -110,9 +143,11 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
     if (text.IsEmpty()) return 0;
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    SettingInteractInfo_s info;
-    ReadInto(info, text);  // memory running out destroys the event instead of sending it half read
-    if (info.first_code == 0 || info.second_code == 0 || info.third_code == 0 || info.fifth_code == 0) {
+    // Read as into a record whose codes are 0 and whose text is empty; memory running out destroys the
+    // event instead of sending it half read.
+    const SettingPieces pieces = ReadText(text);
+    const int32_t* codes = pieces.codes;  // the first to the fifth
+    if (codes[0] == 0 || codes[1] == 0 || codes[2] == 0 || codes[4] == 0) {
       return event->Destroy();  // the fourth code may be 0
     }
 
@@ -133,12 +168,12 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
 
     if (auto* body = event->Create<BasicInteractionEntity>()) {
       body->SetValueF(3);
-      body->SetValueA(info.first_code);
-      body->SetValueE(info.second_code);
-      body->SetValueC(info.third_code);
-      body->SetValueB(info.fourth_code);
-      body->SetValueD(info.fifth_code);
-      if (!info.text.IsEmpty()) body->SetTextA(oet::TextOf(info.text));  // an empty text leaves it alone
+      body->SetValueA(codes[0]);
+      body->SetValueE(codes[1]);
+      body->SetValueC(codes[2]);
+      body->SetValueB(codes[3]);
+      body->SetValueD(codes[4]);
+      if (!pieces.text.empty()) body->SetTextA(pieces.text);  // an empty text leaves it alone
       event->AttachBody(body);
     }
     return event->Submit(oet::kStandaloneCodes);

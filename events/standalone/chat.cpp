@@ -1,8 +1,6 @@
 // The chat interaction event: the chat tracking-info entity (130), the two chat markers (121, 128),
 // the optional parts of the chat record as their markers and the action type decide (115, 126, 127,
 // 129, 112, one 125 per item), and the chat body (118). Two action types are rate-limited.
-#include <utility>
-
 #include "core/context_entities.h"
 #include "core/event.h"
 #include "core/host.h"
@@ -67,42 +65,38 @@ ChatMessageEntity* BuildMessage(const oet::EventDraft& event, const ChatMessageI
 ChatComposeEntity* BuildCompose(const oet::EventDraft& event, const ChatComposeInfo_s& part) {
   auto* entity = event.Create<ChatComposeEntity>();
   if (entity == nullptr) return nullptr;
-  // Each flag's operation, in the order of the part's flags.
-  static constexpr std::pair<int32_t ChatComposeInfo_s::*, void (ChatComposeEntity::*)(bool)> kFlags[] = {
-      {&ChatComposeInfo_s::has_bold, &ChatComposeEntity::SetBold},
-      {&ChatComposeInfo_s::has_italic, &ChatComposeEntity::SetItalic},
-      {&ChatComposeInfo_s::has_underline, &ChatComposeEntity::SetUnderline},
-      {&ChatComposeInfo_s::has_strikethrough, &ChatComposeEntity::SetStrikethrough},
-      {&ChatComposeInfo_s::has_font_size, &ChatComposeEntity::SetFontSize},
-      {&ChatComposeInfo_s::has_font_color, &ChatComposeEntity::SetFontColor},
-      {&ChatComposeInfo_s::has_highlight, &ChatComposeEntity::SetHighlight},
-      {&ChatComposeInfo_s::has_bulleted_list, &ChatComposeEntity::SetBulletedList},
-      {&ChatComposeInfo_s::has_numbered_list, &ChatComposeEntity::SetNumberedList},
-      {&ChatComposeInfo_s::has_quote, &ChatComposeEntity::SetQuote},
-      {&ChatComposeInfo_s::has_code_block, &ChatComposeEntity::SetCodeBlock},
-      {&ChatComposeInfo_s::has_inline_code, &ChatComposeEntity::SetInlineCode},
-      {&ChatComposeInfo_s::has_link, &ChatComposeEntity::SetLink},
-      {&ChatComposeInfo_s::has_mention, &ChatComposeEntity::SetMention},
-      {&ChatComposeInfo_s::has_mention_all, &ChatComposeEntity::SetMentionAll},
-      {&ChatComposeInfo_s::has_channel_mention, &ChatComposeEntity::SetChannelMention},
-      {&ChatComposeInfo_s::has_emoji, &ChatComposeEntity::SetEmoji},
-      {&ChatComposeInfo_s::has_sticker, &ChatComposeEntity::SetSticker},
-      {&ChatComposeInfo_s::has_gif, &ChatComposeEntity::SetGif},
-      {&ChatComposeInfo_s::has_image, &ChatComposeEntity::SetImage},
-      {&ChatComposeInfo_s::has_file, &ChatComposeEntity::SetFile},
-      {&ChatComposeInfo_s::has_screenshot, &ChatComposeEntity::SetScreenshot},
-      {&ChatComposeInfo_s::has_voice_note, &ChatComposeEntity::SetVoiceNote},
-      {&ChatComposeInfo_s::has_video_message, &ChatComposeEntity::SetVideoMessage},
-      {&ChatComposeInfo_s::is_reply, &ChatComposeEntity::SetReply},
-      {&ChatComposeInfo_s::is_thread_reply, &ChatComposeEntity::SetThreadReply},
-      {&ChatComposeInfo_s::is_forwarded, &ChatComposeEntity::SetForwarded},
-      {&ChatComposeInfo_s::is_edited, &ChatComposeEntity::SetEdited},
-      {&ChatComposeInfo_s::is_scheduled, &ChatComposeEntity::SetScheduled},
-      {&ChatComposeInfo_s::is_encrypted, &ChatComposeEntity::SetEncrypted},
-  };
-  entity->SetComposeSource(oet::ToUtf8(part.compose_source));
-  for (const auto& [flag, set] : kFlags)
-    (entity->*set)(part.*flag != 0);
+  entity->SetComposeSource(oet::ToUtf8(part.compose_source));  // set even when empty
+  // The thirty flags in the part's order (operations 2 to 31), as bools.
+  entity->SetBold(part.has_bold != 0);
+  entity->SetItalic(part.has_italic != 0);
+  entity->SetUnderline(part.has_underline != 0);
+  entity->SetStrikethrough(part.has_strikethrough != 0);
+  entity->SetFontSize(part.has_font_size != 0);
+  entity->SetFontColor(part.has_font_color != 0);
+  entity->SetHighlight(part.has_highlight != 0);
+  entity->SetBulletedList(part.has_bulleted_list != 0);
+  entity->SetNumberedList(part.has_numbered_list != 0);
+  entity->SetQuote(part.has_quote != 0);
+  entity->SetCodeBlock(part.has_code_block != 0);
+  entity->SetInlineCode(part.has_inline_code != 0);
+  entity->SetLink(part.has_link != 0);
+  entity->SetMention(part.has_mention != 0);
+  entity->SetMentionAll(part.has_mention_all != 0);
+  entity->SetChannelMention(part.has_channel_mention != 0);
+  entity->SetEmoji(part.has_emoji != 0);
+  entity->SetSticker(part.has_sticker != 0);
+  entity->SetGif(part.has_gif != 0);
+  entity->SetImage(part.has_image != 0);
+  entity->SetFile(part.has_file != 0);
+  entity->SetScreenshot(part.has_screenshot != 0);
+  entity->SetVoiceNote(part.has_voice_note != 0);
+  entity->SetVideoMessage(part.has_video_message != 0);
+  entity->SetReply(part.is_reply != 0);
+  entity->SetThreadReply(part.is_thread_reply != 0);
+  entity->SetForwarded(part.is_forwarded != 0);
+  entity->SetEdited(part.is_edited != 0);
+  entity->SetScheduled(part.is_scheduled != 0);
+  entity->SetEncrypted(part.is_encrypted != 0);
   return entity;
 }
 
