@@ -8,7 +8,8 @@
 //       the same, then per row the instructions per call (a run of N calls under
 //       valgrind --tool=callgrind, collection toggled around the loop; skipped when valgrind is
 //       missing), the heap allocations per call and the ratios to the floor; the long-session check
-//       (resident memory and live heap blocks over 10^5 calls of every export); and the replay tool's
+//       (resident memory and live heap blocks over 10^5 calls of every benchmarked row, then of every
+//       export of the replay tool's table); and the replay tool's
 //       cost per script line from 10^2 lines up. Writes the tables to FILE as Markdown (scripts/bench
 //       puts them into docs/performance.md).
 //   oet_bench --oet_measure=ROW:SIDE --oet_calls=N
@@ -35,6 +36,10 @@
 #include "bench/alloc_counter.h"
 #include "bench/floor_table.h"
 #include "bench/noop_host.h"
+#include "platform/kst_time.h"
+#include "tools/replay/catalog.h"
+#include "tools/replay/exports.h"
+#include "tools/replay/json_binding.h"
 
 extern char** environ;
 
@@ -246,6 +251,34 @@ long long LiveBlocks() {
   return static_cast<long long>(counts.allocations) - static_cast<long long>(counts.frees);
 }
 
+// Runs `one_call` `calls` times and writes a row of the resident memory and the thread's live heap
+// blocks after 0, 1,000, 10,000, ... calls. Figures are kept in fixed arrays while the calls run, so
+// that keeping them allocates nothing.
+template <class OneCall>
+void WriteLongSession(std::ostream& out, const std::string& title, long calls, OneCall one_call) {
+  one_call();  // the first call builds what every later call reuses
+  constexpr int kMaxCheckpoints = 12;
+  long resident[kMaxCheckpoints];
+  long long live[kMaxCheckpoints];
+  int checkpoints = 0;
+  const long long live_at_start = LiveBlocks();
+  long done = 0;
+  for (long checkpoint = 0; checkpoint <= calls && checkpoints < kMaxCheckpoints;
+       checkpoint = checkpoint == 0 ? 1000 : checkpoint * 10) {
+    for (; done < checkpoint; ++done)
+      one_call();
+    resident[checkpoints] = ResidentKiB();
+    live[checkpoints++] = LiveBlocks() - live_at_start;
+  }
+  out << "| " << title << " |";
+  for (int i = 0; i < checkpoints; ++i)
+    out << (i == 0 ? " " : " / ") << Grouped(static_cast<double>(resident[i]));
+  out << " |";
+  for (int i = 0; i < checkpoints; ++i)
+    out << (i == 0 ? " " : " / ") << live[i];
+  out << " |\n";
+}
+
 // ---- The replay tool.
 
 struct ReplayRun {
@@ -377,33 +410,34 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
       << Grouped(static_cast<double>(options.long_calls))
       << " calls of each export through the no-op host, one export after the other in one process: resident "
          "memory of the process and live heap blocks of the calling thread (allocated and not yet freed, "
-         "counted "
-         "from the row's start), after 0, 1,000, 10,000, ... calls.\n\n"
+         "counted from the row's start), after 0, 1,000, 10,000, ... calls.\n\n"
       << "| row | resident KiB | live heap blocks |\n|---|---|---|\n";
   for (const FloorRow& row : rows) {
     host.SetWebAnswers(row.web);
-    oet_bench::CallRow(row, row.library, nullptr);
-    // Figures are kept in fixed arrays while the calls run, so that keeping them allocates nothing.
-    constexpr int kMaxCheckpoints = 12;
-    long resident[kMaxCheckpoints];
-    long long live[kMaxCheckpoints];
-    int checkpoints = 0;
-    const long long live_at_start = LiveBlocks();
-    long done = 0;
-    for (long checkpoint = 0; checkpoint <= options.long_calls && checkpoints < kMaxCheckpoints;
-         checkpoint = checkpoint == 0 ? 1000 : checkpoint * 10) {
-      for (; done < checkpoint; ++done)
-        oet_bench::CallRow(row, row.library, nullptr);
-      resident[checkpoints] = ResidentKiB();
-      live[checkpoints++] = LiveBlocks() - live_at_start;
+    WriteLongSession(out, row.title, options.long_calls,
+                     [&row] { oet_bench::CallRow(row, row.library, nullptr); });
+  }
+
+  // Every export, through the replay tool's table with the event catalog's canonical arguments (every
+  // member of every record set); the clock moves a second before each call, so that no rate limit
+  // drops it. The live blocks include the tool's own reading of the records after each call.
+  out << "\nEvery export the same way, with the event catalog's canonical arguments (every member set), the "
+         "host's clock a second on before each call:\n\n"
+      << "| export | resident KiB | live heap blocks |\n|---|---|---|\n";
+  host.SetWebAnswers(rows.front().web);
+  for (const oet_replay::ExportEntry& entry : oet_replay::Exports()) {
+    oet_replay::SampleBuilder samples(oet_replay::kScanTop);
+    oet_replay::Issues issues;
+    const oet_replay::PreparedCall call = entry.prepare(entry.sample(samples), issues);
+    const std::string title = "`" + entry.name + "`";
+    if (!call) {
+      out << "| " << title << " | not prepared | |\n";
+      continue;
     }
-    out << "| " << row.title << " |";
-    for (int i = 0; i < checkpoints; ++i)
-      out << (i == 0 ? " " : " / ") << Grouped(static_cast<double>(resident[i]));
-    out << " |";
-    for (int i = 0; i < checkpoints; ++i)
-      out << (i == 0 ? " " : " / ") << live[i];
-    out << " |\n";
+    WriteLongSession(out, title, options.long_calls, [&call] {
+      KstHost::AdvanceClock(Kst::TimeDelta::FromMilliseconds(1000));
+      call();
+    });
   }
 
   out << "\n### The replay tool\n\n";
