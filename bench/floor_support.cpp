@@ -5,9 +5,9 @@
 #include <cstring>
 #include <mutex>
 
-#include "platform/kst_convert.h"
-#include "platform/service_registry.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/system_info.h"
 
 namespace oet_floor {
 namespace {

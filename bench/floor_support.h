@@ -16,11 +16,11 @@
 #include <vector>
 
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/entities.h"
-#include "platform/kst_string.h"
-#include "platform/kst_time.h"
-#include "platform/telemetry_api.h"
-#include "platform/web_service.h"
+#include "oKstPlatform/entities.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/telemetry_api.h"
+#include "oKstPlatform/web_service.h"
 
 namespace oet_floor {
 

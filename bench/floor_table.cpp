@@ -5,7 +5,7 @@
 #include "oEventTracker/OrboPAAP.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "oEventTracker/OrboSettingPAAP.h"
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 
 namespace oet_bench {
 namespace {

@@ -10,11 +10,11 @@
 #include "bench/floor_support.h"
 #include "core/vocabulary.h"
 #include "core/web_domains.h"
-#include "platform/chat_metrics.h"
-#include "platform/kst_convert.h"
-#include "platform/kst_number.h"
-#include "platform/system_info.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/chat_metrics.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/url_utils.h"
 
 namespace oet_floor {
 namespace {

@@ -2,13 +2,13 @@
 
 #include <vector>
 
-#include "platform/entities.h"
-#include "platform/kst_convert.h"
-#include "platform/kst_time.h"
-#include "platform/service_registry.h"
-#include "platform/system_info.h"
-#include "platform/telemetry_api.h"
-#include "platform/web_service.h"
+#include "oKstPlatform/entities.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/telemetry_api.h"
+#include "oKstPlatform/web_service.h"
 #include "testing/recording_host.h"
 
 namespace oet_bench {
@@ -55,8 +55,8 @@ NoopHolder g_holder;
 #define KST_END(Name) \
   }                   \
   ;
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
 
 // One entity of every type, handed out again and again.
 struct Entities {
@@ -66,8 +66,8 @@ struct Entities {
 #define KST_OP(Name, N, Kind, OpName)
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
 
   // The entity's own interface, as CreateEntity answers it.
   void* Of(int32_t type) {
@@ -80,8 +80,8 @@ struct Entities {
 #define KST_OP(Name, N, Kind, OpName)
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
       default:
         return nullptr;
     }

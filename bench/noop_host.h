@@ -11,7 +11,7 @@
 //  - CreateEvent hands out one preallocated event; DestroyEvent, AttachEntityList, AttachEntity and
 //    SubmitEvent do nothing (the list the library passes by value is the caller's to build).
 //  - CreateEntity hands out one preallocated entity of the requested type (generated from
-//    platform/entity_schema.def, like the recording entities), null for a type the schema lacks; no
+//    oKstPlatform/entity_schema.def, like the recording entities), null for a type the schema lacks; no
 //    allocation per call. Every entity operation does nothing.
 //  - The web service fills the client-context record the way a real one would (its four values, once
 //    the library asks) and answers the account's stored domain label and web URL from what

@@ -17,12 +17,12 @@
 #include "bench/floor_table.h"
 #include "bench/noop_host.h"
 #include "core/client_context.h"
-#include "platform/entities.h"
-#include "platform/kst_convert.h"
-#include "platform/kst_time.h"
-#include "platform/service_registry.h"
-#include "platform/system_info.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/entities.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/url_utils.h"
 #include "testing/recording_host.h"
 
 namespace {
@@ -175,8 +175,8 @@ TEST(NoopHost, HandsOutAnEntityOfEverySchemaType) {
 #define KST_OP(Name, N, Kind, OpName)
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
   EXPECT_EQ(host.EntityOfType(0), nullptr);
 }
 

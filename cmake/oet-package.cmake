@@ -80,7 +80,7 @@ endif()
 file(GLOB_RECURSE oet_public_headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/oEventTracker/*.h")
 
 # Follows the quoted includes of the public headers; sets `out` to the platform files they reach
-# (paths relative to the source root, such as platform/kst_string.h).
+# (paths relative to platform/include, such as oKstPlatform/kst_string.h).
 function(oet_platform_headers_of out)
   set(queue ${ARGN})
   set(found "")
@@ -93,10 +93,10 @@ function(oet_platform_headers_of out)
       string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*\"([^\"]+)\".*" "\\1" name "${line}")
       if(name MATCHES "^oEventTracker/" AND EXISTS "${PROJECT_SOURCE_DIR}/include/${name}")
         continue()  # a public header, installed anyway
-      elseif(name MATCHES "^platform/" AND EXISTS "${PROJECT_SOURCE_DIR}/${name}")
+      elseif(name MATCHES "^oKstPlatform/" AND EXISTS "${PROJECT_SOURCE_DIR}/platform/include/${name}")
         if(NOT name IN_LIST found)
           list(APPEND found "${name}")
-          list(APPEND queue "${PROJECT_SOURCE_DIR}/${name}")
+          list(APPEND queue "${PROJECT_SOURCE_DIR}/platform/include/${name}")
         endif()
       else()
         file(RELATIVE_PATH where "${PROJECT_SOURCE_DIR}" "${header}")
@@ -116,7 +116,7 @@ set(oet_check_dir "${CMAKE_BINARY_DIR}/header-check")
 set(oet_check_sources "")
 # The platform headers as they will be installed, and nothing else from this tree.
 foreach(file IN LISTS oet_installed_platform_files)
-  configure_file("${PROJECT_SOURCE_DIR}/${file}" "${oet_check_dir}/include/${file}" COPYONLY)
+  configure_file("${PROJECT_SOURCE_DIR}/platform/include/${file}" "${oet_check_dir}/include/${file}" COPYONLY)
 endforeach()
 set(oet_checked_headers ${oet_installed_platform_files})
 list(FILTER oet_checked_headers INCLUDE REGEX "\\.h$")
@@ -154,7 +154,9 @@ if(OET_INSTALL)
   # The whole folder, so that a header added there is installed without an edit here.
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/oEventTracker" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
           FILES_MATCHING PATTERN "*.h")
-  install(FILES ${oet_installed_platform_files} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/platform")
+  list(TRANSFORM oet_installed_platform_files PREPEND "${PROJECT_SOURCE_DIR}/platform/include/"
+                 OUTPUT_VARIABLE oet_installed_platform_paths)
+  install(FILES ${oet_installed_platform_paths} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/oKstPlatform")
   install(EXPORT oEventTrackerTargets NAMESPACE oEventTracker:: DESTINATION "${oet_package_dir}")
   configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/oEventTrackerConfig.cmake.in"
                                 "${CMAKE_BINARY_DIR}/package/oEventTrackerConfig.cmake"

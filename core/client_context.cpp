@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/host.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 namespace oet {
 namespace {

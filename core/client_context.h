@@ -21,8 +21,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/kst_string.h"
-#include "platform/web_service.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/web_service.h"
 
 namespace oet {
 

@@ -2,7 +2,7 @@
 
 #include "core/client_context.h"
 #include "core/host.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 namespace oet {
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/entities.h"
-#include "platform/telemetry_api.h"
-#include "platform/web_service.h"
+#include "oKstPlatform/entities.h"
+#include "oKstPlatform/telemetry_api.h"
+#include "oKstPlatform/web_service.h"
 
 namespace oet {
 

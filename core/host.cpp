@@ -4,8 +4,8 @@
 #include <climits>
 #include <string>
 
-#include "platform/kst_convert.h"
-#include "platform/service_registry.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/service_registry.h"
 
 namespace oet {
 namespace {

@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "platform/kst_string.h"
-#include "platform/telemetry_api.h"
-#include "platform/web_service.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/telemetry_api.h"
+#include "oKstPlatform/web_service.h"
 
 namespace oet {
 
@@ -18,7 +18,7 @@ iOrbotelemetryAPI* GetTelemetryApi();
 // The web service, looked up the same way.
 ICVWebServiceAPI* GetWebServiceApi();
 
-// A new entity of type E (an interface of platform/entities.h), or null.
+// A new entity of type E (an interface of oKstPlatform/entities.h), or null.
 template <class E>
 E* CreateEntity(iOrbotelemetryAPI* telemetry) {
   return static_cast<E*>(telemetry->CreateEntity(E::kTypeId));

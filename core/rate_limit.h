@@ -20,7 +20,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_time.h"
 
 namespace oet {
 

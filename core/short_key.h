@@ -1,7 +1,7 @@
 // Short keys: the web service's compact form of an identifier, as events carry it.
 #pragma once
 
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace oet {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_time.h"
 
 namespace oet {
 

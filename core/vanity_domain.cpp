@@ -6,7 +6,7 @@
 
 #include "core/host.h"
 #include "core/web_domains.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/url_utils.h"
 
 namespace oet {
 namespace {

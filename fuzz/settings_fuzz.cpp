@@ -10,7 +10,7 @@
 #include <string>
 
 #include "oEventTracker/OrboSettingPAAP.h"
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/chat_metrics.h"
+#include "oKstPlatform/chat_metrics.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 
 #include <climits>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/kst_number.h"
+#include "oKstPlatform/kst_number.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_time.h"
 
 #include <atomic>
 #include <chrono>

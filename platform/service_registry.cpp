@@ -1,4 +1,4 @@
-#include "platform/service_registry.h"
+#include "oKstPlatform/service_registry.h"
 
 #include <atomic>
 #include <map>

@@ -1,13 +1,13 @@
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 #include <atomic>
 #include <map>
 #include <mutex>
 #include <optional>
 
-#include "platform/kst_convert.h"
-#include "platform/kst_number.h"
-#include "platform/system_info_machine.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
+#include "oKstPlatform/system_info_machine.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "platform/system_info_machine.h"
+#include "oKstPlatform/system_info_machine.h"
 
 namespace kst_machine {
 namespace {

@@ -24,8 +24,8 @@
 
 #include <string>
 
-#include "platform/kst_convert.h"
-#include "platform/system_info_machine.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/system_info_machine.h"
 
 namespace kst_machine {
 namespace {

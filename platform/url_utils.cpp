@@ -1,4 +1,4 @@
-#include "platform/url_utils.h"
+#include "oKstPlatform/url_utils.h"
 
 #include <atomic>
 #include <mutex>

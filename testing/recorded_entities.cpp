@@ -1,5 +1,5 @@
 // Recording implementations of every entity interface, generated from the one entity schema.
-#include "platform/entities.h"
+#include "oKstPlatform/entities.h"
 #include "testing/recording_host.h"
 
 namespace oet_testing {
@@ -66,8 +66,8 @@ using namespace orbo_entity;  // the generated code names the schema's interface
 #define KST_END(Name) \
   }                   \
   ;
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
 
 }  // namespace
 
@@ -81,8 +81,8 @@ std::unique_ptr<RecordedEntity> MakeRecordedEntity(int32_t type, RecordingHost* 
 #define KST_OP(Name, N, Kind, OpName)
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
     default:
       return nullptr;
   }

@@ -4,10 +4,10 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/kst_time.h"
-#include "platform/service_registry.h"
-#include "platform/system_info.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/url_utils.h"
 
 namespace oet_testing {
 

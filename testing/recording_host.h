@@ -29,7 +29,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/telemetry_api.h"
+#include "oKstPlatform/telemetry_api.h"
 #include "testing/host_bookkeeping.h"
 #include "testing/web_service_fake.h"
 

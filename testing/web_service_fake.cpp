@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 
 namespace oet_testing {
 namespace {

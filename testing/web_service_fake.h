@@ -9,7 +9,7 @@
 #include <mutex>
 #include <string>
 
-#include "platform/web_service.h"
+#include "oKstPlatform/web_service.h"
 #include "testing/host_bookkeeping.h"
 
 namespace oet_testing {

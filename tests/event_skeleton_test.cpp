@@ -9,7 +9,7 @@
 
 #include "core/post_meeting.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 #include "tests/test_support.h"
 
 namespace oet_testing {

@@ -14,7 +14,7 @@
 #include "oEventTracker/OrboPTPAAP.h"
 #include "oEventTracker/OrboSettingPAAP.h"
 #include "oEventTracker/PTJoinMeetingPAAP.h"
-#include "platform/service_registry.h"
+#include "oKstPlatform/service_registry.h"
 #include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 

@@ -9,8 +9,8 @@
 
 #include "oEventTracker/OrboSettingPAAP.h"
 #include "oEventTracker/PTJoinMeetingPAAP.h"
-#include "platform/kst_convert.h"
-#include "platform/kst_number.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
 #include "tests/param_names.h"
 
 namespace {

@@ -11,7 +11,7 @@
 
 #include "events/performance/apm_report.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 #include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 

@@ -6,8 +6,8 @@
 
 #include "core/web_domains.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/kst_convert.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/url_utils.h"
 #include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 

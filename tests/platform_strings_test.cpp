@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/kst_convert.h"
-#include "platform/kst_number.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
+#include "oKstPlatform/kst_string.h"
 #include "tests/param_names.h"
 
 namespace {

@@ -8,8 +8,8 @@
 #include "core/timestamp.h"
 #include "core/vanity_domain.h"
 #include "core/web_domains.h"
-#include "platform/kst_convert.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/url_utils.h"
 #include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 

@@ -13,7 +13,7 @@
 
 #include "core/post_meeting.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 #include "tests/param_names.h"
 #include "tests/recorded_event_view.h"
 

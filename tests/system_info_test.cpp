@@ -5,8 +5,8 @@
 #include <regex>
 #include <string>
 
-#include "platform/kst_convert.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/system_info.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/chat_metrics.h"
+#include "oKstPlatform/chat_metrics.h"
 
 namespace {
 

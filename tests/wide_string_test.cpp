@@ -11,8 +11,8 @@
 
 #include "core/host.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/kst_convert.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/system_info.h"
 #include "tests/param_names.h"
 #include "tests/test_support.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "oEventTracker/OrboPAAP/tracking.h"
-#include "platform/entities.h"
+#include "oKstPlatform/entities.h"
 
 namespace oet {
 

@@ -9,8 +9,8 @@
 #include "core/event.h"
 #include "core/host.h"
 #include "oEventTracker/OrboSettingPAAP.h"
-#include "platform/kst_convert.h"
-#include "platform/kst_number.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
 
 namespace OrboSettingPAAP {
 namespace {

@@ -14,7 +14,7 @@
 
 #include "core/event.h"
 #include "core/host.h"
-#include "platform/entities.h"
+#include "oKstPlatform/entities.h"
 
 namespace oet {
 

@@ -1,7 +1,7 @@
 // The body of the OUI-framework events (183), shared by the main window's event and the in-meeting one.
 #pragma once
 
-#include "platform/entities.h"
+#include "oKstPlatform/entities.h"
 
 namespace oet {
 

@@ -4,7 +4,7 @@
 #include "core/host.h"
 #include "core/vanity_domain.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 namespace OrboPTPAAP {
 

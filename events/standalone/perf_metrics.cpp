@@ -9,7 +9,7 @@
 #include "core/host.h"
 #include "core/rate_limit.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/chat_metrics.h"
+#include "oKstPlatform/chat_metrics.h"
 
 namespace OrboPTPAAP {
 namespace {

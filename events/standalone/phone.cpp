@@ -8,7 +8,7 @@
 #include "core/vanity_domain.h"
 #include "core/vocabulary.h"
 #include "oEventTracker/OrboPTPAAP.h"
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 namespace OrboPTPAAP {
 namespace {

@@ -7,7 +7,7 @@
 #include <map>
 
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace ns_orbo_telemetry {
 

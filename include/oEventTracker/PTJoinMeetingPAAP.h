@@ -18,7 +18,7 @@
 #include <cstdint>
 
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace PTJoinMeetingPAAP {
 

@@ -7,11 +7,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/kst_convert.h"
-#include "platform/kst_time.h"
-#include "platform/service_registry.h"
-#include "platform/system_info.h"
-#include "platform/telemetry_api.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/telemetry_api.h"
 #include "tools/replay/catalog.h"
 
 namespace oet_replay {

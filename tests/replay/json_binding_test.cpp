@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 #include "testing/event_json.h"
 #include "tests/replay/double_cases.h"
 #include "tools/replay/exports.h"

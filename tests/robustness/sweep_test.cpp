@@ -11,9 +11,9 @@
 #include <set>
 #include <string>
 
-#include "platform/kst_time.h"
-#include "platform/service_registry.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
+#include "oKstPlatform/url_utils.h"
 #include "testing/host_bookkeeping.h"
 #include "testing/recording_host.h"
 #include "tests/robustness/export_cases.h"

@@ -5,10 +5,10 @@
 #include <map>
 #include <optional>
 
-#include "platform/kst_convert.h"
-#include "platform/kst_time.h"
-#include "platform/system_info.h"
-#include "platform/url_utils.h"
+#include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/system_info.h"
+#include "oKstPlatform/url_utils.h"
 #include "tools/replay/exports.h"
 
 namespace oet_replay {

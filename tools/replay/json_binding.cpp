@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "platform/kst_convert.h"
+#include "oKstPlatform/kst_convert.h"
 #include "testing/event_json.h"
 
 namespace oet_replay {

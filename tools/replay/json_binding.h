@@ -37,8 +37,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "platform/kst_string.h"
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/kst_time.h"
 
 namespace oet_replay {
 

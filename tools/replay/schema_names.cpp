@@ -17,8 +17,8 @@ std::string EntitySchemaName(int32_t type) {
 #define KST_OP(Name, N, Kind, OpName)
 #define KST_RESERVED(Name, N)
 #define KST_END(Name)
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
   };
   const auto it = names.find(type);
   return it == names.end() ? std::string() : it->second;

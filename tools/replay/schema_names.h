@@ -9,7 +9,7 @@
 
 namespace oet_replay {
 
-// The entity type's name in the entity schema (platform/entity_schema.def), or "" for a type the
+// The entity type's name in the entity schema (oKstPlatform/entity_schema.def), or "" for a type the
 // schema does not declare.
 std::string EntitySchemaName(int32_t type);
 // "283 ClientEntity"; a type the schema does not declare shows as its number alone.

@@ -6,7 +6,7 @@
 
 #include "oEventTracker/OrboPAAP/tracking.h"
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace OrboPAAP {
 

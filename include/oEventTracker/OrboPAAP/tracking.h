@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "platform/kst_string.h"
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/kst_time.h"
 
 namespace OrboPAAP {
 

@@ -42,7 +42,7 @@
 #include <vector>
 
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace OrboPTPAAP {
 

@@ -5,14 +5,14 @@
 
 #include "oEventTracker/OrboPTPAAP/tracking.h"
 #include "oEventTracker/api.h"
-#include "platform/chat_metrics.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/chat_metrics.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace OrboPTPAAP {
 
 // One performance measurement of the chat module. The event it names is the first of the nine event
 // members that is set (not kNone), looked at in this order: fetch, fetch handler, file, heartbeat,
-// login, message, message handler, platform, special; its word (platform/chat_metrics.h) is the event
+// login, message, message handler, platform, special; its word (oKstPlatform/chat_metrics.h) is the event
 // name. With none set the name is empty and the measurement still goes out.
 //
 // The measurements M1 to M21 go to the measurements entity (133), each only when it carries a value:

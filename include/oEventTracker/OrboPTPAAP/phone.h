@@ -6,8 +6,8 @@
 
 #include "oEventTracker/OrboPTPAAP/tracking.h"
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
-#include "platform/kst_time.h"
+#include "oKstPlatform/kst_string.h"
+#include "oKstPlatform/kst_time.h"
 
 namespace OrboPTPAAP {
 

@@ -5,7 +5,7 @@
 
 #include "oEventTracker/OrboPTPAAP/tracking.h"
 #include "oEventTracker/api.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace OrboPTPAAP {
 

@@ -1,7 +1,7 @@
 // The tracking record that most exports of the main window take first.
 #pragma once
 
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace OrboPTPAAP {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/system_info.h"
+#include "oKstPlatform/system_info.h"
 
 namespace kst_machine {
 

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "platform/kst_reserved.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_reserved.h"
+#include "oKstPlatform/kst_string.h"
 
 inline constexpr char kWebServiceModule[] = "com.Corvane.module.WebService";
 inline constexpr char kWebServiceClass[] = "orbous.class.ICVWebServiceAPI";

@@ -1,4 +1,4 @@
-// The entity interfaces of the telemetry schema (platform/entity_schema.def), as the library calls them.
+// The entity interfaces of the telemetry schema (oKstPlatform/entity_schema.def), as the library calls them.
 //
 // Every entity class derives virtually from orbo_entity::EntityBase; entities listed with a field
 // interface derive virtually from it too, as their second virtual base, and are filled through it.
@@ -78,8 +78,8 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
   ~Name() = default;  \
   }                   \
   ;
-#include "platform/entity_schema.def"
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema.def"
+#include "oKstPlatform/entity_schema_undef.h"
 
 // Compile-time check that every block numbers its operations without gaps, so that each declared
 // operation sits at the position its number says.
@@ -95,8 +95,8 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
                 ": operation numbers must run 1, 2, 3, "         \
                 "...");
 namespace schema_check {
-#include "platform/entity_schema.def"
+#include "oKstPlatform/entity_schema.def"
 }  // namespace schema_check
-#include "platform/entity_schema_undef.h"
+#include "oKstPlatform/entity_schema_undef.h"
 
 }  // namespace orbo_entity

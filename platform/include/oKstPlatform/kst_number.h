@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "platform/kst_export.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_export.h"
+#include "oKstPlatform/kst_string.h"
 
 namespace Kst {
 

@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/kst_export.h"
+#include "oKstPlatform/kst_export.h"
 
 // Fetching chat data from the server.
 enum class MetricsFetchEvent : int32_t {

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/kst_export.h"
+#include "oKstPlatform/kst_export.h"
 
 namespace Kst {
 

@@ -1,7 +1,7 @@
 // The host's telemetry service, as the library sees it.
 //
 // The service lends the library events and entities, and takes finished events back with SubmitEvent.
-// Entities are typed records requested by a numeric type id (see platform/entities.h); every entity
+// Entities are typed records requested by a numeric type id (see oKstPlatform/entities.h); every entity
 // class shares the virtual base orbo_entity::EntityBase, and that base subobject is what the event is
 // given when an entity is attached.
 #pragma once
@@ -10,8 +10,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/entities.h"
-#include "platform/kst_reserved.h"
+#include "oKstPlatform/entities.h"
+#include "oKstPlatform/kst_reserved.h"
 
 // Module name and class string under which the telemetry service is registered.
 inline constexpr char kOrboTelemetryModule[] = "com.Corvane.module.OrboTelemetry";
@@ -69,7 +69,7 @@ class iOrbotelemetryAPI {
   KST_RESERVED_OP(11)
   KST_RESERVED_OP(12)
   // 13: a new entity of the type, or null. The result points at the entity's own interface, the one
-  // that platform/entities.h declares for that type id.
+  // that oKstPlatform/entities.h declares for that type id.
   virtual void* CreateEntity(int32_t entity_type) = 0;
   KST_RESERVED_OP(14)
   KST_RESERVED_OP(15)

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <functional>
 
-#include "platform/kst_export.h"
-#include "platform/kst_reserved.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_export.h"
+#include "oKstPlatform/kst_reserved.h"
+#include "oKstPlatform/kst_string.h"
 
 class IOrboUrlUtils {
  public:

@@ -28,8 +28,8 @@
 
 #include <string>
 
-#include "platform/kst_export.h"
-#include "platform/kst_string.h"
+#include "oKstPlatform/kst_export.h"
+#include "oKstPlatform/kst_string.h"
 
 constexpr unsigned KST_CP_UTF8 = 65001;
 

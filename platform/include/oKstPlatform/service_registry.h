@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "platform/kst_export.h"
-#include "platform/kst_reserved.h"
+#include "oKstPlatform/kst_export.h"
+#include "oKstPlatform/kst_reserved.h"
 
 class IServiceModule {
  public:
