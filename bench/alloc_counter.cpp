@@ -3,14 +3,22 @@
 #include <cstdlib>
 #include <new>
 
+#include "tools/replay/exports.h"
+
 namespace {
 
 thread_local uint64_t t_allocations = 0;
 thread_local uint64_t t_frees = 0;
+thread_local uint64_t t_allocations_in_export = 0;
+
+void Count() noexcept {
+  ++t_allocations;
+  if (oet_replay::t_in_export) ++t_allocations_in_export;
+}
 
 void* Allocate(std::size_t size) noexcept {
   void* block = std::malloc(size == 0 ? 1 : size);
-  if (block != nullptr) ++t_allocations;
+  if (block != nullptr) Count();
   return block;
 }
 
@@ -18,7 +26,7 @@ void* AllocateAligned(std::size_t size, std::align_val_t alignment) noexcept {
   const auto align = static_cast<std::size_t>(alignment);
   const std::size_t rounded = (size + align - 1) / align * align;
   void* block = std::aligned_alloc(align, rounded == 0 ? align : rounded);
-  if (block != nullptr) ++t_allocations;
+  if (block != nullptr) Count();
   return block;
 }
 
@@ -33,7 +41,7 @@ void Free(void* block) noexcept {
 namespace oet_bench {
 
 HeapCounts ThreadHeapCounts() {
-  return HeapCounts{t_allocations, t_frees};
+  return HeapCounts{t_allocations, t_frees, t_allocations_in_export};
 }
 
 }  // namespace oet_bench

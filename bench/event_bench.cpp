@@ -34,8 +34,8 @@
 #include <vector>
 
 #include "bench/alloc_counter.h"
-#include "bench/floor_table.h"
 #include "bench/noop_host.h"
+#include "bench/reference.h"
 #include "oKstPlatform/kst_time.h"
 #include "tools/replay/catalog.h"
 #include "tools/replay/exports.h"
@@ -43,15 +43,14 @@
 
 extern char** environ;
 
-using oet_bench::FloorRow;
+using oet_bench::ReferenceRow;
 using oet_bench::Run;
 
-// The loop that callgrind collects: `calls` calls of one side of a row, nothing else (for a
-// rate-limited row, each after the host's clock has moved a second on).
-extern "C" __attribute__((noinline)) long oet_bench_measured_loop(const FloorRow* row, Run run, long calls) {
+// The loop that callgrind collects: `calls` calls of one side of a row, nothing else.
+extern "C" __attribute__((noinline)) long oet_bench_measured_loop(Run run, long calls) {
   long sum = 0;
   for (long i = 0; i < calls; ++i)
-    sum += oet_bench::CallRow(*row, run, nullptr);
+    sum += run();
   return sum;
 }
 
@@ -65,7 +64,7 @@ const char* NameOf(Side side) {
   return side == Side::kLibrary ? "library" : "floor";
 }
 
-Run RunOf(const FloorRow& row, Side side) {
+Run RunOf(const ReferenceRow& row, Side side) {
   return side == Side::kLibrary ? row.library : row.floor;
 }
 
@@ -155,7 +154,7 @@ class CollectingReporter : public benchmark::ConsoleReporter {
 };
 
 void RegisterBenchmarks(oet_bench::NoopHost& host) {
-  for (const FloorRow& row : oet_bench::FloorRows()) {
+  for (const ReferenceRow& row : oet_bench::ReferenceRows()) {
     for (const Side side : kSides) {
       const std::string name = std::string(row.name) + "/" + NameOf(side);
       auto* benchmark =
@@ -163,15 +162,13 @@ void RegisterBenchmarks(oet_bench::NoopHost& host) {
             const Run run = RunOf(row, side);
             if (state.thread_index() == 0) {
               host.SetWebAnswers(row.web);
-              oet_bench::CallRow(row, run, nullptr);  // the client context filled before the timing starts
+              run();  // the client context filled before the timing starts
             }
             for (auto _ : state)
-              benchmark::DoNotOptimize(oet_bench::CallRow(row, run, nullptr));
+              benchmark::DoNotOptimize(run());
           });
-      // A rate limit holds for the whole process: threads calling at once would drop each other's calls.
-      for (const int threads : kThreadCounts) {
-        if (threads == 1 || !row.rate_limited) benchmark->Threads(threads);
-      }
+      for (const int threads : kThreadCounts)
+        benchmark->Threads(threads);
     }
   }
 }
@@ -180,7 +177,7 @@ void RegisterBenchmarks(oet_bench::NoopHost& host) {
 
 int MeasureOneSide(const Options& options) {
   const size_t colon = options.measure.find(':');
-  const FloorRow* row = oet_bench::FindFloorRow(options.measure.substr(0, colon));
+  const ReferenceRow* row = oet_bench::FindReferenceRow(options.measure.substr(0, colon));
   if (row == nullptr || colon == std::string::npos) {
     std::cerr << "oet_bench: no row " << options.measure << "\n";
     return 2;
@@ -190,8 +187,8 @@ int MeasureOneSide(const Options& options) {
   host.SetWebAnswers(row->web);
   const Run run = RunOf(*row, side);
   for (int i = 0; i < 3; ++i)
-    oet_bench::CallRow(*row, run, nullptr);  // filled client context, resolved symbols, first-use statics
-  return oet_bench_measured_loop(row, run, options.calls) == options.calls ? 0 : 1;
+    run();  // filled client context, resolved symbols, first-use statics
+  return oet_bench_measured_loop(run, options.calls) == options.calls ? 0 : 1;
 }
 
 bool HaveValgrind() {
@@ -199,7 +196,7 @@ bool HaveValgrind() {
 }
 
 // Instructions per call of one side of a row, or nothing when callgrind could not run.
-std::optional<double> InstructionsPerCall(const Options& options, const FloorRow& row, Side side) {
+std::optional<double> InstructionsPerCall(const Options& options, const ReferenceRow& row, Side side) {
   const std::string out = options.callgrind_dir + "/" + row.name + "." + NameOf(side) + ".callgrind";
   const std::string command = "valgrind --tool=callgrind --callgrind-out-file='" + out +
                               "' --collect-atstart=no --toggle-collect=oet_bench_measured_loop '" +
@@ -220,13 +217,13 @@ std::optional<double> InstructionsPerCall(const Options& options, const FloorRow
 
 // ---- Heap allocations.
 
-double AllocationsPerCall(const FloorRow& row, Side side, long calls) {
+double AllocationsPerCall(const ReferenceRow& row, Side side, long calls) {
   const Run run = RunOf(row, side);
   for (int i = 0; i < 3; ++i)
-    oet_bench::CallRow(row, run, nullptr);
+    run();
   const oet_bench::HeapCounts before = oet_bench::ThreadHeapCounts();
   for (long i = 0; i < calls; ++i)
-    oet_bench::CallRow(row, run, nullptr);
+    run();
   const oet_bench::HeapCounts after = oet_bench::ThreadHeapCounts();
   return static_cast<double>(after.allocations - before.allocations) / static_cast<double>(calls);
 }
@@ -346,7 +343,7 @@ bool ReadSample(const std::string& path, std::string& header, std::vector<std::s
 // ---- The report.
 
 void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timings, std::ostream& out) {
-  const auto& rows = oet_bench::FloorRows();
+  const auto& rows = oet_bench::ReferenceRows();
   const bool valgrind = HaveValgrind();
   if (valgrind && options.callgrind_dir.empty()) {
     char directory[] = "/tmp/oet_bench.XXXXXX";
@@ -364,7 +361,7 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
          "| "
          "floor allocations |\n"
       << "|---|---|---:|---:|---:|---:|---:|\n";
-  for (const FloorRow& row : rows) {
+  for (const ReferenceRow& row : rows) {
     std::cerr << "oet_bench: measuring " << row.name << "\n";
     host.SetWebAnswers(row.web);
     std::optional<double> instructions[2];
@@ -392,7 +389,7 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
   for (size_t i = 0; i < sizeof kThreadCounts / sizeof kThreadCounts[0]; ++i)
     out << "---:|";
   out << "\n";
-  for (const FloorRow& row : rows) {
+  for (const ReferenceRow& row : rows) {
     out << "| " << row.title << " |";
     for (const int threads : kThreadCounts) {
       std::string cell;
@@ -412,10 +409,9 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
          "memory of the process and live heap blocks of the calling thread (allocated and not yet freed, "
          "counted from the row's start), after 0, 1,000, 10,000, ... calls.\n\n"
       << "| row | resident KiB | live heap blocks |\n|---|---|---|\n";
-  for (const FloorRow& row : rows) {
+  for (const ReferenceRow& row : rows) {
     host.SetWebAnswers(row.web);
-    WriteLongSession(out, row.title, options.long_calls,
-                     [&row] { oet_bench::CallRow(row, row.library, nullptr); });
+    WriteLongSession(out, row.title, options.long_calls, [&row] { row.library(); });
   }
 
   // Every export, through the replay tool's table with the event catalog's canonical arguments (every
