@@ -1,17 +1,17 @@
-// What a tracking call costs the caller's thread, export by export, against the hand-written floor of
-// its host calls (bench/floor_table.h), through the no-op host (bench/noop_host.h).
+// What a tracking call costs the caller's thread: the reference rows (bench/reference.h), each export
+// against its tight floor, through the no-op host (bench/noop_host.h).
 //
 //   oet_bench [Google Benchmark flags]
-//       nanoseconds per call (CPU time) of every export and floor at 1, 2 and 4 threads
-//   oet_bench --oet_report=FILE [--oet_callgrind_dir=DIR] [--oet_replay=PATH] [--oet_calls=N]
-//             [--oet_long_calls=N] [--oet_replay_max_lines=N] [Google Benchmark flags]
+//       nanoseconds per call (CPU time) of every reference export and floor at 1, 2 and 4 threads
+//   oet_bench --oet_report=FILE [--oet_svg=FILE] [--oet_callgrind_dir=DIR] [--oet_replay=PATH]
+//             [--oet_calls=N] [--oet_long_calls=N] [--oet_replay_max_lines=N] [Google Benchmark flags]
 //       the same, then per row the instructions per call (a run of N calls under
 //       valgrind --tool=callgrind, collection toggled around the loop; skipped when valgrind is
 //       missing), the heap allocations per call and the ratios to the floor; the long-session check
 //       (resident memory and live heap blocks over 10^5 calls of every benchmarked row, then of every
 //       export of the replay tool's table); and the replay tool's
 //       cost per script line from 10^2 lines up. Writes the tables to FILE as Markdown (scripts/bench
-//       puts them into docs/performance.md).
+//       puts them into docs/performance.md) and the chart of the instructions to the SVG file.
 //   oet_bench --oet_measure=ROW:SIDE --oet_calls=N
 //       runs N calls of one row's library or floor side in oet_bench_measured_loop (what the report
 //       runs under callgrind).
@@ -22,6 +22,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -74,6 +75,7 @@ struct Options {
   std::string report;
   std::string callgrind_dir;
   std::string replay;
+  std::string svg;
   long long_calls = 100000;
   long replay_max_lines = 1000000;
 };
@@ -84,7 +86,8 @@ Options TakeOptions(int& argc, char** argv) {
   const std::map<std::string, std::string*> texts = {{"--oet_measure=", &options.measure},
                                                      {"--oet_report=", &options.report},
                                                      {"--oet_callgrind_dir=", &options.callgrind_dir},
-                                                     {"--oet_replay=", &options.replay}};
+                                                     {"--oet_replay=", &options.replay},
+                                                     {"--oet_svg=", &options.svg}};
   const std::map<std::string, long*> numbers = {{"--oet_calls=", &options.calls},
                                                 {"--oet_long_calls=", &options.long_calls},
                                                 {"--oet_replay_max_lines=", &options.replay_max_lines}};
@@ -340,6 +343,42 @@ bool ReadSample(const std::string& path, std::string& header, std::vector<std::s
   return !calls.empty();
 }
 
+// ---- The chart: each reference row's instructions per call, the export's bar beside its floor's.
+
+void WriteChart(const std::string& path,
+                const std::vector<std::pair<std::string, std::optional<double>[2]>>& rows) {
+  double top = 1;
+  for (const auto& row : rows) {
+    for (const auto& value : row.second)
+      top = std::max(top, value.value_or(0));
+  }
+  constexpr int kLabel = 300;
+  constexpr int kBars = 420;
+  constexpr int kRow = 46;
+  std::ofstream svg(path);
+  svg << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << kLabel + kBars + 90 << "\" height=\""
+      << kRow * rows.size() + 40 << "\" font-family=\"sans-serif\" font-size=\"12\">\n"
+      << "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n"
+      << "<text x=\"" << kLabel << "\" y=\"16\"><tspan fill=\"#3b6ea5\">library</tspan> / <tspan "
+      << "fill=\"#9aa5b1\">tight floor</tspan>, instructions per call (callgrind)</text>\n";
+  int y = 30;
+  for (const auto& [title, values] : rows) {
+    svg << "<text x=\"" << kLabel - 8 << "\" y=\"" << y + 20 << "\" text-anchor=\"end\">" << title
+        << "</text>\n";
+    for (int side = 0; side < 2; ++side) {
+      const double value = values[side].value_or(0);
+      const int width = static_cast<int>(value / top * kBars);
+      const int bar_y = y + 4 + side * 18;
+      svg << "<rect x=\"" << kLabel << "\" y=\"" << bar_y << "\" width=\"" << width
+          << "\" height=\"15\" fill=\"" << (side == 0 ? "#3b6ea5" : "#9aa5b1") << "\"/>\n"
+          << "<text x=\"" << kLabel + width + 4 << "\" y=\"" << bar_y + 12 << "\">"
+          << (values[side] ? Grouped(value) : "n/a") << "</text>\n";
+    }
+    y += kRow;
+  }
+  svg << "</svg>\n";
+}
+
 // ---- The report.
 
 void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timings, std::ostream& out) {
@@ -361,6 +400,7 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
          "| "
          "floor allocations |\n"
       << "|---|---|---:|---:|---:|---:|---:|\n";
+  std::vector<std::pair<std::string, std::optional<double>[2]>> chart(rows.size());
   for (const ReferenceRow& row : rows) {
     std::cerr << "oet_bench: measuring " << row.name << "\n";
     host.SetWebAnswers(row.web);
@@ -376,7 +416,12 @@ void WriteReport(Options options, oet_bench::NoopHost& host, const Timings& timi
         << (instructions[1] ? Grouped(*instructions[1]) : "n/a") << " | "
         << (instructions[0] && instructions[1] ? Fixed(*instructions[0] / *instructions[1], 2) : "n/a")
         << " | " << Fixed(allocations[0], 1) << " | " << Fixed(allocations[1], 1) << " |\n";
+    auto& bar = chart[static_cast<size_t>(&row - rows.data())];
+    bar.first = row.title;
+    bar.second[0] = instructions[0];
+    bar.second[1] = instructions[1];
   }
+  if (!options.svg.empty()) WriteChart(options.svg, chart);
 
   out << "\n### Time per call\n\n"
       << "CPU nanoseconds per call (Google Benchmark), library / floor, by number of threads calling at "
