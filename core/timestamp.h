@@ -12,5 +12,8 @@ namespace oet {
 // parts are dropped, not rounded. Years past 9999 are written with all their digits; years before 1
 // (times far before the epoch) with a leading minus sign.
 std::string FormatUtcTimestamp(const Kst::Time& time);
+// The same into `text`, whose buffer is reused: an event that writes several times formats them all
+// into one string, so that only the first can allocate.
+void FormatUtcTimestamp(const Kst::Time& time, std::string& text);
 
 }  // namespace oet

@@ -1,6 +1,7 @@
 #include "core/vocabulary.h"
 
 #include <cstddef>
+#include <iterator>
 
 // Every word here is a wire word: the back end compares it byte for byte, including the capital letters
 // and misspellings noted in the header. Copy new words exactly as the back end spells them.
@@ -23,9 +24,34 @@ std::string Lookup(const Word (&table)[N], int32_t value) {
   return std::string();
 }
 
+// A table's words as strings, made once, for the words that events set without a copy.
+template <std::size_t N>
+class WordStrings {
+ public:
+  explicit WordStrings(const Word (&table)[N]) : table_(table) {
+    for (std::size_t i = 0; i < N; ++i)
+      words_[i] = table[i].word;
+  }
+  const std::string& Of(int32_t value) const {
+    for (std::size_t i = 0; i < N; ++i) {
+      if (table_[i].value == value) return words_[i];
+    }
+    return none_;
+  }
+
+ private:
+  const Word (&table_)[N];
+  std::string words_[N];
+  std::string none_;
+};
+
 }  // namespace
 
 std::string TabToString(int32_t value) {
+  return TabWord(value);
+}
+
+const std::string& TabWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "chat"},
       {2, "home"},
@@ -44,15 +70,21 @@ std::string TabToString(int32_t value) {
       {18, "workflows"},
       {19, "workspaces"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
 std::string CallDirectionToString(int32_t value) {
+  return CallDirectionWord(value);
+}
+
+const std::string& CallDirectionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "inbound"},
       {2, "outbound"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
 std::string InteractionTypeToString(int32_t value) {

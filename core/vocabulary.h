@@ -12,9 +12,12 @@ namespace oet {
 
 // Main-window tabs, 1..12 and 17..19 ("chat", "home", ..., "workspaces"). 13..16 are unused and give "".
 std::string TabToString(int32_t value);
+// The same word, kept as a string made once (the tab switch sets it without copying).
+const std::string& TabWord(int32_t value);
 
 // Phone call direction: 1 "inbound", 2 "outbound".
 std::string CallDirectionToString(int32_t value);
+const std::string& CallDirectionWord(int32_t value);
 
 // How a home-tab element was used: 1 "screen_displayed" .. 6 "clicked".
 std::string InteractionTypeToString(int32_t value);

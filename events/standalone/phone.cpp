@@ -15,10 +15,13 @@ namespace {
 
 using namespace orbo_entity;
 
-// A time's text, or a clear of its field when the time is not given.
+// A time's text, or a clear of its field when the time is not given. `text` is the caller's buffer,
+// which both times share, so that the two texts (too long for a string's own small buffer) take one
+// allocation between them.
 void SetTimeOrClear(CallDetailEntity* detail, void (CallDetailEntity::*clear)(),
-                    void (CallDetailEntity::*set)(const std::string&), const Kst::Time& time) {
-  const std::string text = oet::FormatUtcTimestamp(time);
+                    void (CallDetailEntity::*set)(const std::string&), const Kst::Time& time,
+                    std::string& text) {
+  oet::FormatUtcTimestamp(time, text);
   if (text.empty()) {
     (detail->*clear)();
   } else {
@@ -34,9 +37,10 @@ CallDetailEntity* BuildCallDetail(const oet::EventDraft& event, const PhoneInter
   if (detail == nullptr) return nullptr;
   detail->SetCallText2(oet::ToUtf8(info.call_text2));
   detail->SetCallText1(oet::ToUtf8(info.call_text1));
-  detail->SetDirection(oet::CallDirectionToString(info.direction));
-  SetTimeOrClear(detail, &CallDetailEntity::ClearTime1, &CallDetailEntity::SetTime1, info.time1);
-  SetTimeOrClear(detail, &CallDetailEntity::ClearTime2, &CallDetailEntity::SetTime2, info.time2);
+  detail->SetDirection(oet::CallDirectionWord(info.direction));
+  std::string time_text;
+  SetTimeOrClear(detail, &CallDetailEntity::ClearTime1, &CallDetailEntity::SetTime1, info.time1, time_text);
+  SetTimeOrClear(detail, &CallDetailEntity::ClearTime2, &CallDetailEntity::SetTime2, info.time2, time_text);
   return detail;
 }
 
@@ -57,7 +61,8 @@ PhoneContextEntity* BuildPhoneContext(const oet::EventDraft& event, const PTTrac
 ProductEntity* BuildProduct(const oet::EventDraft& event) {
   auto* product = event.Create<ProductEntity>();
   if (product == nullptr) return nullptr;
-  product->SetClientLabel("client");
+  static const std::string kClientLabel = "client";
+  product->SetClientLabel(kClientLabel);
   Kst::CStringT<char> version;
   Kst::GetCurrentVersion(version);
   product->SetClientVersion(oet::TextOf(version));

@@ -15,13 +15,12 @@ int TrackingPTInteractEvent(const PTTrackingInfo_s& tracking, const PTInteractIn
     if (!event) return 0;
     event->AttachCommonContext(tracking);
     if (auto* body = event->Create<orbo_entity::TabSwitchEntity>()) {
+      static const std::string kSwitchTab = "switch_tab";
       body->Prepare();
-      body->SetAction("switch_tab");
+      body->SetAction(kSwitchTab);
       body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
-      const std::string first_tab = oet::TabToString(info.first_tab);
-      const std::string second_tab = oet::TabToString(info.second_tab);
-      body->SetFirstTab(first_tab);
-      body->SetSecondTab(second_tab);
+      body->SetFirstTab(oet::TabWord(info.first_tab));
+      body->SetSecondTab(oet::TabWord(info.second_tab));
       event->AttachBody(body);
     }
     return event->Submit(oet::kStandaloneCodes);
