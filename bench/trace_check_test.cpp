@@ -20,7 +20,7 @@
 #include "core/client_context.h"
 #include "oKstPlatform/entities.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
@@ -82,8 +82,24 @@ Counts Difference(const Counts& after, const Counts& before) {
   return difference;
 }
 
+// Every call into the platform stand-in during the observed call, as "function|text|number" (the
+// code-page conversions with the text they wrote, the system facts, the clock, the registry steps),
+// in order; null while no call is observed.
+std::vector<std::string>* g_platform_calls = nullptr;
+
+void RecordPlatformCall(const KstHost::PlatformCall& call) {
+  if (g_platform_calls == nullptr) return;
+  try {
+    g_platform_calls->push_back(std::string(KstHost::PlatformFunctionName(call.function)) + "|" +
+                                std::string(call.text) + "|" + std::to_string(call.number));
+  } catch (...) {
+    g_platform_calls->clear();  // out of memory: the comparison fails rather than the call
+  }
+}
+
 struct Observation {
   int result = -1;
+  std::vector<std::string> platform_calls;
   std::string calls;  // one line per telemetry call, so that a mismatch prints as a difference
   Counts counts;
   std::vector<std::string> development_url_checks;
@@ -122,7 +138,11 @@ Observation Observe(Run run, const ReferenceRow& row, CacheState state) {
 
   const Counts before = HostCounts(host.web_service());
   Observation seen;
+  g_platform_calls = &seen.platform_calls;
+  KstHost::SetPlatformObserver(RecordPlatformCall);
   seen.result = run();
+  KstHost::SetPlatformObserver(nullptr);
+  g_platform_calls = nullptr;
   for (const std::string& call : oet_testing::Describe(host.Log()))
     seen.calls += call + "\n";
   seen.counts = Difference(HostCounts(host.web_service()), before);
@@ -143,6 +163,18 @@ TEST_P(TraceCheck, FloorMakesTheHostCallsOfItsExport) {
   EXPECT_EQ(floor.calls, library.calls);
   EXPECT_EQ(floor.counts, library.counts);
   EXPECT_EQ(floor.development_url_checks, library.development_url_checks);
+  EXPECT_EQ(floor.platform_calls, library.platform_calls);
+  if (state() == CacheState::kFilled) {
+    // Which texts each side converts, and how often: the same, and some (the rows convert wide texts).
+    const auto conversions = [](const std::vector<std::string>& calls) {
+      std::map<std::string, int> counted;
+      for (const std::string& call : calls) {
+        if (call.rfind("kst_str_convert|", 0) == 0) ++counted[call];
+      }
+      return counted;
+    };
+    EXPECT_EQ(conversions(floor.platform_calls), conversions(library.platform_calls));
+  }
   if (state() == CacheState::kFilled) {
     // The rows measure a call that does its whole work.
     EXPECT_EQ(library.result, 1);
