@@ -19,8 +19,8 @@
 #include "bench/reference.h"
 #include "core/client_context.h"
 #include "oKstPlatform/entities.h"
-#include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/host_control.h"
+#include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
@@ -165,7 +165,7 @@ TEST_P(TraceCheck, FloorMakesTheHostCallsOfItsExport) {
   EXPECT_EQ(floor.development_url_checks, library.development_url_checks);
   EXPECT_EQ(floor.platform_calls, library.platform_calls);
   if (state() == CacheState::kFilled) {
-    // Which texts each side converts, and how often: the same, and some (the rows convert wide texts).
+    // Which texts each side converts, and how often, whatever the order.
     const auto conversions = [](const std::vector<std::string>& calls) {
       std::map<std::string, int> counted;
       for (const std::string& call : calls) {

@@ -29,10 +29,6 @@ ICVWebServiceAPI* GetWebServiceApi() {
   return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
 }
 
-HostText::HostText(const Kst::CStringT<char>& text) {
-  CutAtNul(text);
-}
-
 HostText::HostText(Kst::CStringT<char>&& text) : kept_(std::move(text)) {
   CutAtNul(kept_);
 }

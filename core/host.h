@@ -11,6 +11,15 @@
 #include "oKstPlatform/telemetry_api.h"
 #include "oKstPlatform/web_service.h"
 
+// The field helpers below take the entity's operations as member pointers; inlined where they are
+// used, the pointers are constants and each operation becomes a direct call, as a hand-written
+// if/else would be.
+#if defined(__GNUC__)
+#define OET_INLINE_FIELD_STEP __attribute__((always_inline)) inline
+#else
+#define OET_INLINE_FIELD_STEP inline
+#endif
+
 namespace oet {
 
 // The telemetry service, looked up afresh through the host's registry; null when any step of the
@@ -37,7 +46,10 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
 // `const std::string&` bound to a temporary HostText itself dies with it.
 class HostText {
  public:
-  explicit HostText(const Kst::CStringT<char>& text);
+  // The usual case, a text without NUL, is inlined: a pointer to the string and one search.
+  explicit HostText(const Kst::CStringT<char>& text) : text_(&text.str()) {
+    if (text_->find('\0') != std::string::npos) CutAtNul(text);
+  }
   explicit HostText(Kst::CStringT<char>&& text);
   HostText(const HostText&) = delete;
   HostText& operator=(const HostText&) = delete;
@@ -87,7 +99,8 @@ constexpr bool IsEmptyValue(Number value) {
 // The set-or-clear step of a field that has a clear operation: a value that is not given (see
 // IsEmptyValue) calls the clear operation, any other value the set operation with it.
 template <class E, class Arg, class Value>
-void SetOrClearValue(E* entity, void (E::*clear)(), void (E::*set)(Arg), const Value& value) {
+OET_INLINE_FIELD_STEP void SetOrClearValue(E* entity, void (E::*clear)(), void (E::*set)(Arg),
+                                           const Value& value) {
   if (IsEmptyValue(value)) {
     (entity->*clear)();
   } else {
@@ -98,7 +111,8 @@ void SetOrClearValue(E* entity, void (E::*clear)(), void (E::*set)(Arg), const V
 // The rule for string fields copied from input: an empty source clears the field, anything else sets
 // its UTF-8 text.
 template <class E, class Source>
-void SetOrClear(E* entity, void (E::*clear)(), void (E::*set)(const std::string&), const Source& source) {
+OET_INLINE_FIELD_STEP void SetOrClear(E* entity, void (E::*clear)(), void (E::*set)(const std::string&),
+                                      const Source& source) {
   if (source.IsEmpty()) {
     (entity->*clear)();
   } else {
@@ -109,7 +123,8 @@ void SetOrClear(E* entity, void (E::*clear)(), void (E::*set)(const std::string&
 // The rule of the performance reports: an empty source leaves the field alone (nothing is called, no
 // clear), anything else sets its UTF-8 text.
 template <class E, class Source>
-void SetUnlessEmpty(E* entity, void (E::*set)(const std::string&), const Source& source) {
+OET_INLINE_FIELD_STEP void SetUnlessEmpty(E* entity, void (E::*set)(const std::string&),
+                                          const Source& source) {
   if (!source.IsEmpty()) (entity->*set)(Utf8Of(source));
 }
 
