@@ -10,7 +10,11 @@ namespace oet {
 // The piece without the blanks at either end, the ones the host string's Trim takes off (space, tab,
 // carriage return, line feed, vertical tab, form feed).
 template <class Char>
-std::basic_string_view<Char> TrimmedPiece(std::basic_string_view<Char> piece) {
+#if defined(__GNUC__)
+__attribute__((always_inline))  // a few compares per piece: not worth a call
+#endif
+inline std::basic_string_view<Char>
+TrimmedPiece(std::basic_string_view<Char> piece) {
   const auto blank = [](Char c) {
     return c == Char(' ') || c == Char('\t') || c == Char('\r') || c == Char('\n') || c == Char('\v') ||
            c == Char('\f');

@@ -76,7 +76,7 @@ int TrackApmBodyReport(ApmReportCode code, ApmDevice device, Fill&& fill) {
 // Sets the first N texts of a record (text1, text2, ...) on the body operations named after them
 // (SetText1, SetText2, ...), in that order, each only when it is not empty.
 template <int N, class Body, class Record>
-void SetTextsInOrder(Body& body, const Record& info) {
+OET_INLINE_FIELD_STEP void SetTextsInOrder(Body& body, const Record& info) {
   static_assert(N >= 1 && N <= 19, "the reports carry 1 to 19 texts");
   SetUnlessEmpty(&body, &Body::SetText1, info.text1);
   if constexpr (N >= 2) SetUnlessEmpty(&body, &Body::SetText2, info.text2);
