@@ -1,5 +1,6 @@
 // The join-meeting text (its writer and reader) and the join-meeting event, whose body is the home-tab
 // entity (285).
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -70,14 +71,26 @@ void ReadInto(Kst::CStringT<char>& interaction_word, Kst::CStringT<char>& action
 
 Kst::CStringT<char> FormatJoinMeetingInteractInfoAsString(const PTJoinMeetingInteractInfo_s& info) {
   try {
-    std::string text = oet::JoinMeetingInteractionToString(info.interaction_type);
-    text += kSeparator;
-    text += oet::JoinScreenActionToString(info.join_screen_action);
-    text += kSeparator;
-    text += info.first_flag != 0 ? '1' : '0';
-    text += kSeparator;
-    text += info.second_flag != 0 ? '1' : '0';
-    return Kst::CStringT<char>(text);
+    // Written on the stack and made into the host string at once, so that only the host string
+    // allocates (the words are a table's, a few dozen characters at most).
+    const std::string interaction = oet::JoinMeetingInteractionToString(info.interaction_type);
+    const std::string action = oet::JoinScreenActionToString(info.join_screen_action);
+    char text[256];
+    const size_t length = interaction.size() + action.size() + 5;
+    const char first = info.first_flag != 0 ? '1' : '0';
+    const char second = info.second_flag != 0 ? '1' : '0';
+    if (length > sizeof text) {
+      return Kst::CStringT<char>(interaction + kSeparator + action + kSeparator + first + kSeparator +
+                                 second);
+    }
+    char* out = std::copy(interaction.begin(), interaction.end(), text);
+    *out++ = kSeparator;
+    out = std::copy(action.begin(), action.end(), out);
+    *out++ = kSeparator;
+    *out++ = first;
+    *out++ = kSeparator;
+    *out++ = second;
+    return Kst::CStringT<char>(text, static_cast<int>(out - text));
   } catch (...) {
     return Kst::CStringT<char>();  // only when memory runs out
   }

@@ -1,5 +1,6 @@
 // The settings text (its writer and reader) and the settings event, whose body is the basic-interaction
 // entity (157).
+#include <charconv>
 #include <climits>
 #include <cstring>
 #include <string>
@@ -100,13 +101,25 @@ void ReadInto(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
 
 Kst::CStringT<char> FormatSettingInteractInfoAsString(const SettingInteractInfo_s& info) {
   try {
-    std::string text;
+    // The codes and their separators are written on the stack, then the text up to its first NUL; a
+    // text that fits beside them becomes the host string at once, so that only the host string
+    // allocates.
+    char head[kCodes * 12 + 200];
+    char* out = head;
     for (const int32_t code :
          {info.first_code, info.second_code, info.third_code, info.fourth_code, info.fifth_code}) {
-      text += std::to_string(code);
-      text += kSeparator;
+      out = std::to_chars(out, out + 11, code).ptr;
+      *out++ = kSeparator;
     }
-    text += info.text.c_str();  // up to its first NUL
+    const char* tail = info.text.c_str();
+    const size_t tail_length = std::strlen(tail);
+    const size_t used = static_cast<size_t>(out - head);
+    if (tail_length <= sizeof head - used) {
+      std::memcpy(out, tail, tail_length);
+      return Kst::CStringT<char>(head, static_cast<int>(used + tail_length));
+    }
+    std::string text(head, used);
+    text += tail;
     return Kst::CStringT<char>(text);
   } catch (...) {
     return Kst::CStringT<char>();  // only when memory runs out
