@@ -14,16 +14,6 @@ struct Word {
   const char* word;
 };
 
-// The word of `value` in `table`, or the empty string when the table has none. The tables are a few
-// dozen entries at most, so a linear scan is enough; the only allocation is the returned string.
-template <std::size_t N>
-std::string Lookup(const Word (&table)[N], int32_t value) {
-  for (const Word& entry : table) {
-    if (entry.value == value) return entry.word;
-  }
-  return std::string();
-}
-
 // A table's words as strings, made once, for the words that events set without a copy.
 template <std::size_t N>
 class WordStrings {
@@ -87,24 +77,34 @@ const std::string& CallDirectionWord(int32_t value) {
   return words.Of(value);
 }
 
-std::string InteractionTypeToString(int32_t value) {
+const std::string& InteractionTypeWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "screen_displayed"},  {2, "button_clicked"},  {3, "keyboard_typed"},
       {4, "keyboard_shortcut"}, {5, "touchpad_tapped"}, {6, "clicked"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string HomeTabFeatureToString(int32_t value) {
+std::string InteractionTypeToString(int32_t value) {
+  return InteractionTypeWord(value);
+}
+
+const std::string& HomeTabFeatureWord(int32_t value) {
   // "Unknown" keeps its capital U, and 0 has a word here only.
   static constexpr Word kWords[] = {
       {0, "Unknown"},  {1, "schedule_meeting"}, {2, "share_screen"},
       {3, "home_tab"}, {4, "start_a_meeting"},  {5, "join_meeting"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string HomeTabElementToString(int32_t value) {
+std::string HomeTabFeatureToString(int32_t value) {
+  return HomeTabFeatureWord(value);
+}
+
+const std::string& HomeTabElementWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "switch_tab"},
       {2, "setting_icon"},
@@ -151,25 +151,40 @@ std::string HomeTabElementToString(int32_t value) {
       {43, "more"},
       {44, "text_input"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchEntryToString(int32_t value) {
+std::string HomeTabElementToString(int32_t value) {
+  return HomeTabElementWord(value);
+}
+
+const std::string& SearchEntryWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "global_search_bar"},
       {2, "global_search_app"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchActionToString(int32_t value) {
+std::string SearchEntryToString(int32_t value) {
+  return SearchEntryWord(value);
+}
+
+const std::string& SearchActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "initiate"}, {2, "display"}, {3, "perform"}, {4, "launch"}, {5, "close"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchResultActionToString(int32_t value) {
+std::string SearchActionToString(int32_t value) {
+  return SearchActionWord(value);
+}
+
+const std::string& SearchResultActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "click"},
       {2, "chat"},
@@ -211,10 +226,15 @@ std::string SearchResultActionToString(int32_t value) {
       {38, "clear_all"},
       {39, "join_huddle"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchCategoryToString(int32_t value) {
+std::string SearchResultActionToString(int32_t value) {
+  return SearchResultActionWord(value);
+}
+
+const std::string& SearchCategoryWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "all"},
       {2, "top_result"},
@@ -232,10 +252,15 @@ std::string SearchCategoryToString(int32_t value) {
       {14, "semantic_unjoined_public_channel"},
       {15, "huddles"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchSectionToString(int32_t value) {
+std::string SearchCategoryToString(int32_t value) {
+  return SearchCategoryWord(value);
+}
+
+const std::string& SearchSectionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "contacts"},
       {2, "channels"},
@@ -251,70 +276,110 @@ std::string SearchSectionToString(int32_t value) {
       {12, "semantic_unjoined_public_channel"},
       {13, "huddles"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchSourceToString(int32_t value) {
+std::string SearchSectionToString(int32_t value) {
+  return SearchSectionWord(value);
+}
+
+const std::string& SearchSourceWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "none"},
       {2, "all"},
       {3, "chat"},
       {4, "sms"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchFileTypeToString(int32_t value) {
+std::string SearchSourceToString(int32_t value) {
+  return SearchSourceWord(value);
+}
+
+const std::string& SearchFileTypeWord(int32_t value) {
   // "all files" keeps its space; the other words are joined with underscores.
   static constexpr Word kWords[] = {
       {1, "all files"},     {2, "images"},       {3, "videos"},     {4, "documents"},
       {5, "presentations"}, {6, "spreadsheets"}, {7, "whiteboard"}, {8, "other_file_types"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SearchSortOrderToString(int32_t value) {
+std::string SearchFileTypeToString(int32_t value) {
+  return SearchFileTypeWord(value);
+}
+
+const std::string& SearchSortOrderWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "most_recent"},
       {2, "most_relevant"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
+}
+
+std::string SearchSortOrderToString(int32_t value) {
+  return SearchSortOrderWord(value);
 }
 
 std::string SearchChatScopeToString(int32_t value) {
   return value == 1 ? "orbo_chat" : std::string();
 }
 
-std::string SurveyStageToString(int32_t value) {
+const std::string& SurveyStageWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "survey_shown"},
       {2, "survey_interacted"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string SurveyActionToString(int32_t value) {
+std::string SurveyStageToString(int32_t value) {
+  return SurveyStageWord(value);
+}
+
+const std::string& SurveyActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "post_meeting_survey"}, {2, "close"}, {3, "minimize"}, {4, "thumbs_up"}, {5, "thumbs_down"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string JoinMeetingInteractionToString(int32_t value) {
+std::string SurveyActionToString(int32_t value) {
+  return SurveyActionWord(value);
+}
+
+const std::string& JoinMeetingInteractionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "button_clicked"},
       {2, "screen_displayed"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
 }
 
-std::string JoinScreenActionToString(int32_t value) {
+std::string JoinMeetingInteractionToString(int32_t value) {
+  return JoinMeetingInteractionWord(value);
+}
+
+const std::string& JoinScreenActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "screen_displayed"},
       // 2 has no word.
       {3, "cancel"},
   };
-  return Lookup(kWords, value);
+  static const WordStrings<std::size(kWords)> words(kWords);
+  return words.Of(value);
+}
+
+std::string JoinScreenActionToString(int32_t value) {
+  return JoinScreenActionWord(value);
 }
 
 }  // namespace oet

@@ -73,8 +73,8 @@ Kst::CStringT<char> FormatJoinMeetingInteractInfoAsString(const PTJoinMeetingInt
   try {
     // Written on the stack and made into the host string at once, so that only the host string
     // allocates (the words are a table's, a few dozen characters at most).
-    const std::string interaction = oet::JoinMeetingInteractionToString(info.interaction_type);
-    const std::string action = oet::JoinScreenActionToString(info.join_screen_action);
+    const std::string& interaction = oet::JoinMeetingInteractionWord(info.interaction_type);
+    const std::string& action = oet::JoinScreenActionWord(info.join_screen_action);
     char text[256];
     const size_t length = interaction.size() + action.size() + 5;
     const char first = info.first_flag != 0 ? '1' : '0';

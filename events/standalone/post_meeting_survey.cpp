@@ -32,14 +32,19 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
     body->SetMeetingText1(oet::TextOf(kept.strings.text1));
     body->SetMeetingText2(oet::TextOf(kept.strings.text2));
     body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
-    body->SetEventName("post-meeting_survey");
-    body->SetSurveyStage(oet::SurveyStageToString(info.survey_stage));
-    body->SetEmptyTextC("");
-    body->SetEmptyTextB("");
-    body->SetInteraction("survey_interacted");
-    body->SetLocation("main_meeting_toolbar");
-    body->SetSurveyAction(oet::SurveyActionToString(info.survey_action));
-    body->SetEmptyTextA("");
+    // The fixed words, made once: three of them are too long for a string's own small buffer.
+    static const std::string kEventName = "post-meeting_survey";
+    static const std::string kInteraction = "survey_interacted";
+    static const std::string kLocation = "main_meeting_toolbar";
+    static const std::string kEmpty;
+    body->SetEventName(kEventName);
+    body->SetSurveyStage(oet::SurveyStageWord(info.survey_stage));
+    body->SetEmptyTextC(kEmpty);
+    body->SetEmptyTextB(kEmpty);
+    body->SetInteraction(kInteraction);
+    body->SetLocation(kLocation);
+    body->SetSurveyAction(oet::SurveyActionWord(info.survey_action));
+    body->SetEmptyTextA(kEmpty);
     event->AttachBody(body);
     event->Submit(oet::kStandaloneCodes);
     oet::ClearReportedPostMeetingStrings(kept.generation);

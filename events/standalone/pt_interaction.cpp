@@ -33,9 +33,9 @@ int TrackingHomeTabInteractEvent(const PTTrackingInfo_s& tracking, const HomeTab
     if (!event) return 0;
     event->AttachCommonContext(tracking);
     if (auto* body = event->Create<orbo_entity::HomeTabEntity>()) {
-      body->SetElement(oet::HomeTabElementToString(info.element));
-      body->SetInteractionType(oet::InteractionTypeToString(info.interaction_type));
-      body->SetFeature(oet::HomeTabFeatureToString(info.feature));
+      body->SetElement(oet::HomeTabElementWord(info.element));
+      body->SetInteractionType(oet::InteractionTypeWord(info.interaction_type));
+      body->SetFeature(oet::HomeTabFeatureWord(info.feature));
       body->SetFifthFlag(info.fifth_flag != 0);
       body->SetThirdFlag(info.third_flag != 0);
       body->SetFirstFlag(info.first_flag != 0);

@@ -16,7 +16,7 @@ using oet::Lookup;
 using namespace orbo_entity;
 
 std::string ActionWord(const SearchInteractInfo_s& info) {
-  return oet::SearchActionToString(info.search_action);
+  return oet::SearchActionWord(info.search_action);
 }
 
 // "<section word>:<count>" per entry, joined by ",".
@@ -24,7 +24,7 @@ std::string SectionsText(const std::vector<SearchSectionEntry_s>& entries) {
   std::string text;
   for (const SearchSectionEntry_s& entry : entries) {
     if (!text.empty()) text += ',';
-    text += oet::SearchSectionToString(entry.section) + ':' + std::to_string(entry.result_count);
+    text += oet::SearchSectionWord(entry.section) + ':' + std::to_string(entry.result_count);
   }
   return text;
 }
@@ -47,7 +47,7 @@ SearchContextEntity* BuildSearchContext(const EventDraft& event, const SearchInt
 SearchInitiateEntity* BuildInitiateBody(const EventDraft& event, const SearchInteractInfo_s& info) {
   auto* body = event.Create<SearchInitiateEntity>();
   if (body == nullptr) return nullptr;
-  body->SetEntry(oet::SearchEntryToString(info.entry));
+  body->SetEntry(oet::SearchEntryWord(info.entry));
   body->SetAction(ActionWord(info));
   body->SetCountD(info.count_d);
   body->SetCountA(info.count_a);
@@ -58,9 +58,9 @@ SearchInitiateEntity* BuildInitiateBody(const EventDraft& event, const SearchInt
 SearchDisplayEntity* BuildDisplayBody(const EventDraft& event, const SearchInteractInfo_s& info) {
   auto* body = event.Create<SearchDisplayEntity>();
   if (body == nullptr) return nullptr;
-  body->SetCategory(oet::SearchCategoryToString(info.category));
+  body->SetCategory(oet::SearchCategoryWord(info.category));
   body->SetTextA(oet::TextOf(info.text_a));
-  body->SetSortOrder(oet::SearchSortOrderToString(info.sort_order));
+  body->SetSortOrder(oet::SearchSortOrderWord(info.sort_order));
   body->SetTextB(oet::TextOf(info.text_b));
   body->SetCountA(info.count_a);
   body->SetCountB(info.count_b);
@@ -74,9 +74,9 @@ SearchDisplayEntity* BuildDisplayBody(const EventDraft& event, const SearchInter
   oet::SetOrClear(body, &SearchDisplayEntity::ClearTextD, &SearchDisplayEntity::SetTextD, info.text_d);
   oet::SetOrClear(body, &SearchDisplayEntity::ClearTextE, &SearchDisplayEntity::SetTextE, info.text_e);
   body->SetSelectedTab(SelectedTabWord(info.selected_tab));
-  body->SetSource(oet::SearchSourceToString(info.source));
+  body->SetSource(oet::SearchSourceWord(info.source));
   body->SetAction(ActionWord(info));
-  body->SetFileType(oet::SearchFileTypeToString(info.file_type));
+  body->SetFileType(oet::SearchFileTypeWord(info.file_type));
   return body;
 }
 
@@ -84,12 +84,12 @@ SearchPerformEntity* BuildPerformBody(const EventDraft& event, const SearchInter
   auto* body = event.Create<SearchPerformEntity>();
   if (body == nullptr) return nullptr;
   body->SetAction(ActionWord(info));
-  body->SetResultAction(oet::SearchResultActionToString(info.result_action));
-  body->SetCategory(oet::SearchCategoryToString(info.category));
-  body->SetSecondCategory(oet::SearchCategoryToString(info.second_category));
+  body->SetResultAction(oet::SearchResultActionWord(info.result_action));
+  body->SetCategory(oet::SearchCategoryWord(info.category));
+  body->SetSecondCategory(oet::SearchCategoryWord(info.second_category));
   body->SetCountB(info.count_b);
   body->SetCountA(info.count_a);
-  body->SetSource(oet::SearchSourceToString(info.source));
+  body->SetSource(oet::SearchSourceWord(info.source));
   body->SetTextC(oet::TextOf(info.text_c));
   body->SetCountC(info.count_c);
   return body;
@@ -99,7 +99,7 @@ SearchLaunchEntity* BuildLaunchBody(const EventDraft& event, const SearchInterac
   auto* body = event.Create<SearchLaunchEntity>();
   if (body == nullptr) return nullptr;
   body->SetAction(ActionWord(info));
-  body->SetEntry(oet::SearchEntryToString(info.entry));
+  body->SetEntry(oet::SearchEntryWord(info.entry));
   body->SetCountA(info.count_a);
   return body;
 }
@@ -159,15 +159,15 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
       context.Add(session);
     }
     if (auto* filter = event->Create<SearchFilterEntity>()) {
-      filter->SetCategory(oet::SearchCategoryToString(info.category));
-      filter->SetSource(oet::SearchSourceToString(info.source));
-      filter->SetFileType(oet::SearchFileTypeToString(info.file_type));
-      filter->SetSortOrder(oet::SearchSortOrderToString(info.sort_order));
+      filter->SetCategory(oet::SearchCategoryWord(info.category));
+      filter->SetSource(oet::SearchSourceWord(info.source));
+      filter->SetFileType(oet::SearchFileTypeWord(info.file_type));
+      filter->SetSortOrder(oet::SearchSortOrderWord(info.sort_order));
       context.Add(filter);
     }
     if (auto* result = event->Create<SearchResultEntity>()) {
-      result->SetSection(oet::SearchSectionToString(info.section));
-      result->SetResultAction(oet::SearchResultActionToString(info.result_action));
+      result->SetSection(oet::SearchSectionWord(info.section));
+      result->SetResultAction(oet::SearchResultActionWord(info.result_action));
       oet::SetOrClear(result, &SearchResultEntity::ClearResultId, &SearchResultEntity::SetResultId,
                       info.result_id);
       context.Add(result);
@@ -183,8 +183,8 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
     }
     event->AttachContext(std::move(context));
     if (auto* body = event->Create<SearchPageEntity>()) {
-      body->SetAction(oet::SearchActionToString(info.search_action));
-      body->SetEntry(oet::SearchEntryToString(info.entry));
+      body->SetAction(oet::SearchActionWord(info.search_action));
+      body->SetEntry(oet::SearchEntryWord(info.entry));
       event->AttachBody(body);
     }
     return event->Submit(oet::kStandaloneCodes);
