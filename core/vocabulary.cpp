@@ -14,7 +14,8 @@ struct Word {
   const char* word;
 };
 
-// A table's words as strings, made once, for the words that events set without a copy.
+// A table's words as strings, made once, for the words that events set without a copy. Each is made on
+// first use and never destroyed, so that a call from a client's exit path still finds it.
 template <std::size_t N>
 class WordStrings {
  public:
@@ -60,7 +61,7 @@ const std::string& TabWord(int32_t value) {
       {18, "workflows"},
       {19, "workspaces"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -73,7 +74,7 @@ const std::string& CallDirectionWord(int32_t value) {
       {1, "inbound"},
       {2, "outbound"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -82,7 +83,7 @@ const std::string& InteractionTypeWord(int32_t value) {
       {1, "screen_displayed"},  {2, "button_clicked"},  {3, "keyboard_typed"},
       {4, "keyboard_shortcut"}, {5, "touchpad_tapped"}, {6, "clicked"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -96,7 +97,7 @@ const std::string& HomeTabFeatureWord(int32_t value) {
       {0, "Unknown"},  {1, "schedule_meeting"}, {2, "share_screen"},
       {3, "home_tab"}, {4, "start_a_meeting"},  {5, "join_meeting"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -151,7 +152,7 @@ const std::string& HomeTabElementWord(int32_t value) {
       {43, "more"},
       {44, "text_input"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -164,7 +165,7 @@ const std::string& SearchEntryWord(int32_t value) {
       {1, "global_search_bar"},
       {2, "global_search_app"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -176,7 +177,7 @@ const std::string& SearchActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "initiate"}, {2, "display"}, {3, "perform"}, {4, "launch"}, {5, "close"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -226,7 +227,7 @@ const std::string& SearchResultActionWord(int32_t value) {
       {38, "clear_all"},
       {39, "join_huddle"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -252,7 +253,7 @@ const std::string& SearchCategoryWord(int32_t value) {
       {14, "semantic_unjoined_public_channel"},
       {15, "huddles"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -276,7 +277,7 @@ const std::string& SearchSectionWord(int32_t value) {
       {12, "semantic_unjoined_public_channel"},
       {13, "huddles"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -291,7 +292,7 @@ const std::string& SearchSourceWord(int32_t value) {
       {3, "chat"},
       {4, "sms"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -305,7 +306,7 @@ const std::string& SearchFileTypeWord(int32_t value) {
       {1, "all files"},     {2, "images"},       {3, "videos"},     {4, "documents"},
       {5, "presentations"}, {6, "spreadsheets"}, {7, "whiteboard"}, {8, "other_file_types"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -318,7 +319,7 @@ const std::string& SearchSortOrderWord(int32_t value) {
       {1, "most_recent"},
       {2, "most_relevant"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -335,7 +336,7 @@ const std::string& SurveyStageWord(int32_t value) {
       {1, "survey_shown"},
       {2, "survey_interacted"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -347,7 +348,7 @@ const std::string& SurveyActionWord(int32_t value) {
   static constexpr Word kWords[] = {
       {1, "post_meeting_survey"}, {2, "close"}, {3, "minimize"}, {4, "thumbs_up"}, {5, "thumbs_down"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -360,7 +361,7 @@ const std::string& JoinMeetingInteractionWord(int32_t value) {
       {1, "button_clicked"},
       {2, "screen_displayed"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 
@@ -374,7 +375,7 @@ const std::string& JoinScreenActionWord(int32_t value) {
       // 2 has no word.
       {3, "cancel"},
   };
-  static const WordStrings<std::size(kWords)> words(kWords);
+  static const auto& words = *new WordStrings<std::size(kWords)>(kWords);
   return words.Of(value);
 }
 

@@ -51,7 +51,7 @@ PhoneContextEntity* BuildPhoneContext(const oet::EventDraft& event, const PTTrac
 ProductEntity* BuildProduct(const oet::EventDraft& event) {
   auto* product = event.Create<ProductEntity>();
   if (product == nullptr) return nullptr;
-  static const std::string kClientLabel = "client";
+  static const std::string& kClientLabel = *new std::string("client");  // never destroyed
   product->SetClientLabel(kClientLabel);
   Kst::CStringT<char> version;
   Kst::GetCurrentVersion(version);

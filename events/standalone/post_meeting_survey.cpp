@@ -33,10 +33,10 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
     body->SetMeetingText2(oet::TextOf(kept.strings.text2));
     body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
     // The fixed words, made once: three of them are too long for a string's own small buffer.
-    static const std::string kEventName = "post-meeting_survey";
-    static const std::string kInteraction = "survey_interacted";
-    static const std::string kLocation = "main_meeting_toolbar";
-    static const std::string kEmpty;
+    static const std::string& kEventName = *new std::string("post-meeting_survey");  // never destroyed
+    static const std::string& kInteraction = *new std::string("survey_interacted");  // never destroyed
+    static const std::string& kLocation = *new std::string("main_meeting_toolbar");  // never destroyed
+    static const std::string& kEmpty = *new std::string();                           // never destroyed
     body->SetEventName(kEventName);
     body->SetSurveyStage(oet::SurveyStageWord(info.survey_stage));
     body->SetEmptyTextC(kEmpty);

@@ -15,7 +15,7 @@ int TrackingPTInteractEvent(const PTTrackingInfo_s& tracking, const PTInteractIn
     if (!event) return 0;
     event->AttachCommonContext(tracking);
     if (auto* body = event->Create<orbo_entity::TabSwitchEntity>()) {
-      static const std::string kSwitchTab = "switch_tab";
+      static const std::string& kSwitchTab = *new std::string("switch_tab");  // never destroyed
       body->Prepare();
       body->SetAction(kSwitchTab);
       body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
