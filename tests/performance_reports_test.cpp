@@ -154,12 +154,6 @@ INSTANTIATE_TEST_SUITE_P(
                    "|10=Example Computers|6=16"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ApmDevice, NullEntityLeavesTheClientContextAlone) {
-  EXPECT_EQ(oet::FillApmDeviceEntity(nullptr), 0);
-  EXPECT_EQ(host_.web_service().CallCount(97), 0);
-  EXPECT_EQ(host_.HostCallCount("Kst::GetOSVersion"), 0);
-}
-
 struct TextCase {
   const char* name;
   int (*track)();
