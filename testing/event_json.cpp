@@ -21,6 +21,8 @@ const char* FnName(Call::Fn fn) {
       return "SubmitEvent";
     case Call::Fn::kDestroyEvent:
       return "DestroyEvent";
+    case Call::Fn::kHostCall:
+      return "";  // named by the call itself
   }
   return "";
 }
@@ -97,9 +99,25 @@ Json DoubleToJson(double value) {
   return value;
 }
 
+// A value of an operation or a host call; std::monostate (no value, or a null object) as null.
+static Json ValueJson(const OpValue& value) {
+  return std::visit(
+      [](const auto& v) -> Json {
+        using T = std::decay_t<decltype(v)>;
+        if constexpr (std::is_same_v<T, double>) {
+          return DoubleToJson(v);
+        } else if constexpr (std::is_same_v<T, std::monostate>) {
+          return nullptr;
+        } else {
+          return v;
+        }
+      },
+      value);
+}
+
 Json ToJson(const Call& call) {
   Json out = Json::object();
-  out["fn"] = FnName(call.fn);
+  out["fn"] = call.fn == Call::Fn::kHostCall ? call.name : FnName(call.fn);
   switch (call.fn) {
     case Call::Fn::kCreateEvent:
       out["event"] = call.event == 0 ? Json(nullptr) : Json(call.event);
@@ -115,16 +133,7 @@ Json ToJson(const Call& call) {
       out["op"] = call.op;
       out["name"] = call.name;
       out["kind"] = KindName(call.kind);
-      std::visit(
-          [&out](const auto& value) {
-            using T = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<T, double>) {
-              out["value"] = DoubleToJson(value);
-            } else if constexpr (!std::is_same_v<T, std::monostate>) {
-              out["value"] = value;
-            }
-          },
-          call.value);
+      if (call.value.index() != 0) out["value"] = ValueJson(call.value);
       break;
     case Call::Fn::kAttachEntityList: {
       out["id"] = call.attachment_id;
@@ -144,6 +153,15 @@ Json ToJson(const Call& call) {
       break;
     case Call::Fn::kDestroyEvent:
       out["arg"] = call.first_code;
+      break;
+    case Call::Fn::kHostCall:
+      if (!call.args.empty()) {
+        Json args = Json::array();
+        for (const auto& arg : call.args)
+          args.push_back(ValueJson(arg));
+        out["args"] = args;
+      }
+      if (call.answered) out["answer"] = ValueJson(call.answer);
       break;
   }
   if (call.threw) out["threw"] = true;

@@ -224,24 +224,24 @@ using ClientContextTest = HostTest;
 
 TEST_F(ClientContextTest, FilledOnceThenNeverAskedAgain) {
   ASSERT_EQ(SwitchTabs(1, 3), 1);
-  const uint64_t queries = KstHost::SystemQueryCount();
+  const int queries = host.HostCallCount("Kst::GetOSVersion");
   const int fills = host.web_service().CallCount(97);
   EXPECT_EQ(SwitchTabs(1, 3), 1);
   EXPECT_EQ(HomeTab({}), 1);
-  EXPECT_EQ(KstHost::SystemQueryCount(), queries);
+  EXPECT_EQ(host.HostCallCount("Kst::GetOSVersion"), queries);
   EXPECT_EQ(host.web_service().CallCount(97), fills);
 }
 
 TEST_F(ClientContextTest, StaysUnfilledWithoutWebServiceAndRefreshesWhileUnfilled) {
   host.SetWebServicePresent(false);
-  const uint64_t queries = KstHost::SystemQueryCount();
+  const int queries = host.HostCallCount("Kst::GetOSVersion");
   {
     const oet::ClientFactsView unfilled = oet::RefreshedClientFacts();
     EXPECT_TRUE(unfilled->os_name.empty);
     EXPECT_TRUE(unfilled->system_product_name.empty);
     EXPECT_EQ(unfilled->total_ram_gb, 0);
   }
-  EXPECT_EQ(KstHost::SystemQueryCount(), queries);
+  EXPECT_EQ(host.HostCallCount("Kst::GetOSVersion"), queries);
 
   host.SetWebServicePresent(true);
   host.web_service().SetContextAnswer({"", "", "", ""});  // the web service leaves the value empty

@@ -133,12 +133,11 @@ struct ClipsCase {
 class ClipsGate : public MeetingSide, public ::testing::WithParamInterface<ClipsCase> {};
 
 TEST_P(ClipsGate, RequiresEveryCodeButTheFourthAndAsksOnlyTheTelemetryService) {
-  const uint64_t requests = KstHost::RegistryQueries(nullptr).registry;
+  const int requests = host_.HostCallCount("KstMQ_GetService");
   const bool sent = std::string(GetParam().outcome) != "destroyed";
   EXPECT_EQ(OrboClipsPAAP::TrackingClipsInteractEvent(GetParam().info, {}, {}), sent ? 1 : 0);
   EXPECT_EQ(Outcome(), GetParam().outcome);
-  EXPECT_EQ(KstHost::RegistryQueries(nullptr).registry - requests,
-            1u);                                    // the telemetry service, nothing else
+  EXPECT_EQ(host_.HostCallCount("KstMQ_GetService") - requests, 1);  // the telemetry service, nothing else
   EXPECT_EQ(host_.web_service().CallCount(97), 0);  // the client-context cache was not created
 }
 
@@ -498,7 +497,7 @@ TEST_F(MeetingSide, LegacyFunctionsDoNothing) {
   using namespace ns_orbo_telemetry;
   OrboLogTagMap tags{{static_cast<OrboLogTagName>(3), "x"}, {static_cast<OrboLogTagName>(-9), ""}};
   const OrboLogTagMap before = tags;
-  const uint64_t requests = KstHost::RegistryQueries(nullptr).registry;
+  const int requests = host_.HostCallCount("KstMQ_GetService");
   const auto event = static_cast<OrboLogEvent>(-99999);
   const auto sub_event = static_cast<OrboLogSubEvent>(INT32_MAX);
   EXPECT_EQ(EventTrack::AddEventTrackingLog("a", "b", "c", "d", tags, static_cast<LogPriority>(7)), 0);
@@ -508,7 +507,7 @@ TEST_F(MeetingSide, LegacyFunctionsDoNothing) {
             0);
   EXPECT_EQ(EventTrack::AddInMeetingEventTrackingLog(event, sub_event, tags), 0);
   EXPECT_EQ(tags, before);
-  EXPECT_EQ(KstHost::RegistryQueries(nullptr).registry, requests);
+  EXPECT_EQ(host_.HostCallCount("KstMQ_GetService"), requests);
   EXPECT_TRUE(host_.Log().empty());
   EXPECT_EQ(host_.web_service().CallCount(97), 0);
 }

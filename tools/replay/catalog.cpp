@@ -194,6 +194,7 @@ class Observer {
             outcome = "destroyed (" + std::to_string(call.first_code) + ")";
             break;
           case Call::Fn::kCreateEvent:
+          case Call::Fn::kHostCall:  // events hold telemetry calls only
             break;
         }
       }
