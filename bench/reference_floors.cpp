@@ -15,7 +15,7 @@
 #include <cstring>
 #include <cwchar>
 #include <mutex>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -181,10 +181,11 @@ class ClientFacts {
   }
 
   // The filled facts, else a copy of the latest reading in `scratch`.
-  const Facts& Read(std::optional<Facts>& scratch) {
+  const Facts& Read(std::unique_ptr<Facts>& scratch) {
     if (const Facts* filled = filled_.load(std::memory_order_acquire)) return *filled;
     std::lock_guard<std::mutex> lock(mutex_);
-    return scratch.emplace(latest_);
+    scratch = std::make_unique<Facts>(latest_);
+    return *scratch;
   }
 
   void Reset() {
@@ -203,7 +204,7 @@ class ClientFacts {
   std::atomic<bool> created_{false};
 };
 
-const Facts& RefreshedFacts(std::optional<Facts>& scratch) {
+const Facts& RefreshedFacts(std::unique_ptr<Facts>& scratch) {
   ClientFacts& facts = ClientFacts::Get();
   facts.RefreshOnce();
   facts.Refresh();
@@ -263,7 +264,7 @@ struct Event {
 ClientEntity* BuildClient(const Event& event) {
   auto* entity = event.Create<ClientEntity>();
   if (entity == nullptr) return nullptr;
-  std::optional<Facts> scratch;
+  std::unique_ptr<Facts> scratch;  // only for an unfilled context
   const Facts& facts = RefreshedFacts(scratch);
   const ClientContext& wide = facts.wide;
   const auto& t = facts.utf8;
@@ -350,8 +351,9 @@ void UtcTimestamp(const Kst::Time& time, std::string& out) {
   out.assign(text, static_cast<size_t>(at - text));
 }
 
+// Inlined, so that the operations are direct calls, as written out by hand.
 template <class E>
-void SetOrClear(E& entity, void (E::*clear)(), void (E::*set)(const std::string&),
+__attribute__((always_inline)) inline void SetOrClear(E& entity, void (E::*clear)(), void (E::*set)(const std::string&),
                 const Kst::CStringT<wchar_t>& text) {
   if (text.IsEmpty()) {
     (entity.*clear)();
@@ -413,7 +415,7 @@ int TabSwitch(const PTTrackingInfo_s& tracking, const OrboPTPAAP::PTInteractInfo
     if (auto* body = event.Create<TabSwitchEntity>()) {
       body->Prepare();
       body->SetAction(kSwitchTab);
-      std::optional<Facts> scratch;
+      std::unique_ptr<Facts> scratch;  // only for an unfilled context
       body->SetWebServiceValue(RefreshedFacts(scratch).web_service_value());
       body->SetFirstTab(WordOf(kTabWords, info.first_tab));
       body->SetSecondTab(WordOf(kTabWords, info.second_tab));
@@ -628,7 +630,7 @@ int InMeeting(const OrboPAAP::MeetingTrackingInfo_s& tracking, const OrboPAAP::M
       return event.Destroy();
     }
     {
-      std::optional<Facts> scratch;
+      std::unique_ptr<Facts> scratch;  // only for an unfilled context
       if (RefreshedFacts(scratch).wide.os_name.IsEmpty()) return event.Destroy();
     }
     std::string text;
@@ -859,7 +861,7 @@ int MacLaunch(const OrboPTPAAP::OApmMacLaunchInfo_s& info) {
     auto* device = event.Create<ApmDeviceEntity>();
     if (device == nullptr) return event.Destroy();
     {
-      std::optional<Facts> scratch;
+      std::unique_ptr<Facts> scratch;  // only for an unfilled context
       const Facts& facts = RefreshedFacts(scratch);
       const ClientContext& wide = facts.wide;
       const auto& t = facts.utf8;

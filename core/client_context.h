@@ -18,7 +18,7 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "oKstPlatform/kst_string.h"
@@ -67,19 +67,23 @@ struct ClientFacts {
 
 // The facts one event reads: the fixed record once the cache is filled, else a copy of the unfilled
 // record taken at the refresh. Valid for the rest of the event.
+// The copy is held through a pointer rather than in place: the view of a filled cache (every event's
+// steady state) is then a pointer and an empty one, with nothing of the large record to set up or
+// tear down.
 class ClientFactsView {
  public:
-  explicit ClientFactsView(const ClientFacts* fixed) : fixed_(fixed) {}
-  explicit ClientFactsView(ClientFacts copy) : copy_(std::move(copy)) {}
+  explicit ClientFactsView(const ClientFacts* fixed) : facts_(fixed) {}
+  explicit ClientFactsView(const ClientFacts& copy)
+      : copy_(std::make_unique<ClientFacts>(copy)), facts_(copy_.get()) {}
   ClientFactsView(const ClientFactsView&) = delete;
   ClientFactsView& operator=(const ClientFactsView&) = delete;
 
-  const ClientFacts& operator*() const { return fixed_ != nullptr ? *fixed_ : *copy_; }
-  const ClientFacts* operator->() const { return &**this; }
+  const ClientFacts& operator*() const { return *facts_; }
+  const ClientFacts* operator->() const { return facts_; }
 
  private:
-  const ClientFacts* fixed_ = nullptr;
-  std::optional<ClientFacts> copy_;
+  std::unique_ptr<const ClientFacts> copy_;
+  const ClientFacts* facts_;
 };
 
 // Creates the cache on first use and gives it its first refresh; later calls only check that it

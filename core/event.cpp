@@ -44,17 +44,6 @@ void EventDraft::AttachContext(ContextList&& list) {
   if (!list.empty()) AttachContextAlways(std::move(list));
 }
 
-void EventDraft::AttachContextAlways(ContextList&& list) {
-  event_->AttachEntityList(kContextAttachment, std::move(list).Take());
-}
-
-int EventDraft::Submit(SubmitCodes codes) {
-  EventParams params;
-  telemetry_->SubmitEvent(event_, codes.first, codes.second, &params);
-  event_ = nullptr;  // the host has it now
-  return 1;
-}
-
 int EventDraft::Destroy() {
   std::exchange(event_, nullptr)->DestroyEvent(1);
   return 0;

@@ -109,7 +109,9 @@ class EventDraft {
   // Attaches the list under 203 unless it is empty.
   void AttachContext(ContextList&& list);
   // Attaches the list under 203 whatever it holds, an empty list too.
-  void AttachContextAlways(ContextList&& list);
+  void AttachContextAlways(ContextList&& list) {
+    event_->AttachEntityList(kContextAttachment, std::move(list).Take());
+  }
   // Attaches the body under 201 unless it is null.
   template <class E>
   void AttachBody(E* body) {
@@ -118,7 +120,12 @@ class EventDraft {
 
   // Submits with an empty parameter map; returns 1, the export's result. Should the host throw, the
   // event is still the draft's and is destroyed with it.
-  int Submit(SubmitCodes codes);
+  int Submit(SubmitCodes codes) {
+    EventParams params;
+    telemetry_->SubmitEvent(event_, codes.first, codes.second, &params);
+    event_ = nullptr;  // the host has it now
+    return 1;
+  }
   // Destroys the event instead of submitting it (the event's first operation, with 1); returns 0, the
   // export's result.
   int Destroy();

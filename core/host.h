@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -48,7 +49,7 @@ class HostText {
  public:
   // The usual case, a text without NUL, is inlined: a pointer to the string and one search.
   explicit HostText(const Kst::CStringT<char>& text) : text_(&text.str()) {
-    if (text_->find('\0') != std::string::npos) CutAtNul(text);
+    if (std::memchr(text_->data(), 0, text_->size()) != nullptr) CutAtNul(text);
   }
   explicit HostText(Kst::CStringT<char>&& text);
   HostText(const HostText&) = delete;

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <iterator>
+#include <string>
+#include <vector>
 
 // Every word here is a wire word: the back end compares it byte for byte, including the capital letters
 // and misspellings noted in the header. Copy new words exactly as the back end spells them.
@@ -19,20 +21,32 @@ struct Word {
 template <std::size_t N>
 class WordStrings {
  public:
-  explicit WordStrings(const Word (&table)[N]) : table_(table) {
-    for (std::size_t i = 0; i < N; ++i)
-      words_[i] = table[i].word;
+  // The words indexed by value from the table's smallest value to its largest (the tables are a few
+  // dozen values wide), so that a word is found by one index rather than a scan.
+  explicit WordStrings(const Word (&table)[N]) {
+    first_ = table[0].value;
+    int32_t last = table[0].value;
+    for (const Word& entry : table) {
+      first_ = entry.value < first_ ? entry.value : first_;
+      last = entry.value > last ? entry.value : last;
+    }
+    by_value_.resize(static_cast<std::size_t>(last - first_) + 1, &none_);
+    words_.reserve(N);
+    for (const Word& entry : table) {
+      words_.emplace_back(entry.word);
+      by_value_[static_cast<std::size_t>(entry.value - first_)] = &words_.back();
+    }
   }
   const std::string& Of(int32_t value) const {
-    for (std::size_t i = 0; i < N; ++i) {
-      if (table_[i].value == value) return words_[i];
-    }
-    return none_;
+    const int64_t index = static_cast<int64_t>(value) - first_;
+    if (index < 0 || index >= static_cast<int64_t>(by_value_.size())) return none_;
+    return *by_value_[static_cast<std::size_t>(index)];
   }
 
  private:
-  const Word (&table_)[N];
-  std::string words_[N];
+  int32_t first_ = 0;
+  std::vector<std::string> words_;
+  std::vector<const std::string*> by_value_;
   std::string none_;
 };
 
