@@ -14,8 +14,8 @@
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
-#include <mutex>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -353,8 +353,9 @@ void UtcTimestamp(const Kst::Time& time, std::string& out) {
 
 // Inlined, so that the operations are direct calls, as written out by hand.
 template <class E>
-__attribute__((always_inline)) inline void SetOrClear(E& entity, void (E::*clear)(), void (E::*set)(const std::string&),
-                const Kst::CStringT<wchar_t>& text) {
+__attribute__((always_inline)) inline void SetOrClear(E& entity, void (E::*clear)(),
+                                                      void (E::*set)(const std::string&),
+                                                      const Kst::CStringT<wchar_t>& text) {
   if (text.IsEmpty()) {
     (entity.*clear)();
   } else {
