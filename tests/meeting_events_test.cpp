@@ -1,44 +1,32 @@
-// The meeting-side events: the join-meeting, settings and clips events with their gates, the in-meeting
-// meeting event's context list at the edges of every rule, its marking pass, mode and start time, the
-// OUI-framework events of both sides, the hidden meeting identity, and the inert legacy functions.
+// The meeting-side events' rules: the join-meeting, settings and clips gates, the in-meeting meeting
+// event's context list at the edges of every rule, its gates, marking pass and mode, the OUI-framework
+// events' lookups, the hidden meeting identity, and the inert legacy functions. (Every field of these
+// events: tests/golden/meeting_side.jsonl.)
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "core/event.h"
-#include "events/meeting/meeting_identity.h"
 #include "oEventTracker/EventTrack.h"
 #include "oEventTracker/OrboClipsPAAP.h"
 #include "oEventTracker/OrboPAAP.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "oEventTracker/OrboSettingPAAP.h"
 #include "oEventTracker/PTJoinMeetingPAAP.h"
-#include "oKstPlatform/service_registry.h"
 #include "tests/param_names.h"
-#include "tests/recorded_event_view.h"
+#include "tests/test_support.h"
 
 namespace {
 
-using Types = std::vector<int32_t>;
 using oet_test::EventView;
-using oet_testing::Call;
+using oet_test::Types;
 
-class MeetingSide : public oet_test::RecordedEventTest {
+class MeetingSide : public oet_test::HostTest {
  protected:
-  std::vector<std::string> Calls() const { return oet_testing::Describe(host_.Log()); }
-  // Outcome and codes of the only event: "submitted 4 1", "destroyed", or "none".
-  std::string Outcome() {
-    const auto events = host_.Events();
-    if (events.empty()) return "none";
-    if (events.front().outcome == oet_testing::RecordedEvent::Outcome::kDestroyed) return "destroyed";
-    const Call& last = events.front().calls.back();
-    return "submitted " + std::to_string(last.first_code) + " " + std::to_string(last.second_code);
-  }
   // How many recorded calls have this operation name and value.
   int Count(const std::string& name, int32_t value) const {
     int n = 0;
-    for (const Call& call : host_.Log())
+    for (const oet_testing::Call& call : host_.Log())
       n += call.name == name && call.value == oet_testing::OpValue(value);
     return n;
   }
@@ -46,23 +34,15 @@ class MeetingSide : public oet_test::RecordedEventTest {
 
 // ---- Join meeting.
 
-TEST_F(MeetingSide, JoinMeetingSendsTheParsedTextOnTheHomeTabEntity) {
+// Flags the text does not reach count as 0; an empty action word clears, an empty interaction word is set.
+TEST_F(MeetingSide, JoinMeetingNeedsATextAndTheWebService) {
   EXPECT_EQ(PTJoinMeetingPAAP::TrackingPTJoinMeetingInteractEvent(Kst::CStringT<char>(""), {}), 0);
-  EXPECT_TRUE(host_.Log().empty());
-  EXPECT_EQ(PTJoinMeetingPAAP::TrackingPTJoinMeetingInteractEvent("button_clicked|cancel|1|0", {"p", "s"}),
-            1);
-  EXPECT_EQ(Outcome(), "submitted 3 1");
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{283, 304}));
-  EXPECT_EQ(event.Ops(304), "");
-  EXPECT_EQ(event.Ops(285),
-            "2=true|15=join_meeting|8=cancel|5=button_clicked|10=false|12=false|14=false|4=false");
-  // Flags the text does not reach count as 0; an empty action word clears, an empty interaction word is set.
+  EXPECT_EQ(Outcomes(), "none");
   EXPECT_EQ(PTJoinMeetingPAAP::TrackingPTJoinMeetingInteractEvent("|", {}), 1);
   EXPECT_EQ(OnlyEvent().Ops(285), "2=false|15=join_meeting|7~|5=|10=false|12=false|14=false|4=false");
   host_.SetWebServicePresent(false);
   EXPECT_EQ(PTJoinMeetingPAAP::TrackingPTJoinMeetingInteractEvent("a|b", {}), 0);
-  EXPECT_EQ(Outcome(), "none");
+  EXPECT_EQ(Outcomes(), "none");
 }
 
 // ---- Settings.
@@ -77,7 +57,7 @@ class SettingGate : public MeetingSide, public ::testing::WithParamInterface<Set
 TEST_P(SettingGate, RequiresEveryCodeButTheFourth) {
   const bool sent = std::string(GetParam().outcome) != "destroyed";
   EXPECT_EQ(OrboSettingPAAP::TrackingSettingInteractEvent(GetParam().text, {}), sent ? 1 : 0);
-  EXPECT_EQ(Outcome(), GetParam().outcome);
+  EXPECT_EQ(Outcomes(), GetParam().outcome);
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes, SettingGate,
@@ -136,10 +116,9 @@ TEST_P(ClipsGate, RequiresEveryCodeButTheFourthAndAsksOnlyTheTelemetryService) {
   const uint64_t requests = KstHost::RegistryQueries(nullptr).registry;
   const bool sent = std::string(GetParam().outcome) != "destroyed";
   EXPECT_EQ(OrboClipsPAAP::TrackingClipsInteractEvent(GetParam().info, {}, {}), sent ? 1 : 0);
-  EXPECT_EQ(Outcome(), GetParam().outcome);
-  EXPECT_EQ(KstHost::RegistryQueries(nullptr).registry - requests,
-            1u);                                    // the telemetry service, nothing else
-  EXPECT_EQ(host_.web_service().CallCount(97), 0);  // the client-context cache was not created
+  EXPECT_EQ(Outcomes(), GetParam().outcome);
+  EXPECT_EQ(KstHost::RegistryQueries(nullptr).registry - requests, 1u);  // the telemetry service alone
+  EXPECT_EQ(Asked(97), 0);  // the client-context cache was not created
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes, ClipsGate,
@@ -154,15 +133,6 @@ INSTANTIATE_TEST_SUITE_P(Codes, ClipsGate,
                                   std::to_string(i.third_code) + std::to_string(i.fourth_code) +
                                   std::to_string(i.fifth_code);
                          });
-
-TEST_F(MeetingSide, ClipsFillsTheConfigurationAndTheBodyInOrder) {
-  OrboClipsPAAP::ClipsRecordConfigInfo_s config{"t1", 1, 2, 3, "", 4, 5, 6, "t3", "t4", 7, 8, 9, 10};
-  EXPECT_EQ(OrboClipsPAAP::TrackingClipsInteractEvent({11, 12, 13, 14, 15, ""}, config, {"u", "a"}), 1);
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{190, 192, 191, 188}));
-  EXPECT_EQ(event.Ops(188), "11=t1|14=1|12=2|6=3|8=|5=4|13=5|7=6|3=t3|1=t4|2=7|9=8|4=9|10=10");
-  EXPECT_EQ(event.Ops(189), "2=1|6=11|3=12|1=13|4=14|5=15|7=");
-}
 
 // ---- In-meeting meeting event: the context list.
 
@@ -181,12 +151,16 @@ enum Gate : unsigned {
 };
 
 struct ListCase {
-  const char* name;
+  std::string name;
   int32_t kind;
   int32_t kind_569_value;
   unsigned gates;
   Types added;  // after 304, 283, 297, 287, 298
 };
+
+void PrintTo(const ListCase& c, std::ostream* os) {
+  *os << c.name;
+}
 
 OrboPAAP::MeetingInteractInfo_s Interaction(int32_t kind) {
   OrboPAAP::MeetingInteractInfo_s info;
@@ -224,42 +198,45 @@ TEST_P(InMeetingList, HoldsTheEntitiesTheRecordsCallFor) {
   EXPECT_EQ(OnlyEvent().ContextTypes(), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rules, InMeetingList,
-    ::testing::Values(ListCase{"Kind1", 1, 0, 0, {}}, ListCase{"Kind428", 428, 0, 0, {}},
-                      ListCase{"Kind429", 429, 0, 0, {302}}, ListCase{"Kind430", 430, 0, 0, {}},
-                      ListCase{"Kind493", 493, 0, 0, {}}, ListCase{"Kind494", 494, 0, 0, {300}},
-                      ListCase{"Kind500", 500, 0, 0, {300}}, ListCase{"Kind502", 502, 0, 0, {300}},
-                      ListCase{"Kind503", 503, 0, 0, {}}, ListCase{"Kind504", 504, 0, 0, {}},
-                      ListCase{"Kind505", 505, 0, 0, {300}}, ListCase{"Kind506", 506, 0, 0, {}},
-                      ListCase{"Kind507", 507, 0, 0, {301}}, ListCase{"Kind508", 508, 0, 0, {300}},
-                      ListCase{"Kind509", 509, 0, 0, {}}, ListCase{"Kind510", 510, 0, 0, {300}},
-                      ListCase{"Kind511", 511, 0, 0, {300}}, ListCase{"Kind512", 512, 0, 0, {}},
-                      ListCase{"Kind513", 513, 0, 0, {302}}, ListCase{"Kind514", 514, 0, 0, {300}},
-                      ListCase{"Kind516", 516, 0, 0, {300}}, ListCase{"Kind517", 517, 0, 0, {}},
-                      ListCase{"Kind518", 518, 0, 0, {}}, ListCase{"Kind519", 519, 0, 0, {301}},
-                      ListCase{"Kind533", 533, 0, 0, {301}}, ListCase{"Kind534", 534, 0, 0, {300}},
-                      ListCase{"Kind536", 536, 0, 0, {300}}, ListCase{"Kind537", 537, 0, 0, {}},
-                      ListCase{"Kind660", 660, 0, 0, {}}, ListCase{"Kind661", 661, 0, 0, {301}},
-                      ListCase{"Kind662", 662, 0, 0, {}}, ListCase{"Kind569Value0", 569, 0, 0, {}},
-                      ListCase{"Kind569Value4", 569, 4, 0, {286}}, ListCase{"Kind570Value4", 570, 4, 0, {}},
-                      ListCase{"Reference", 1, 0, kReference, {281}},
-                      ListCase{"ReferenceWithoutText", 1, 0, kReferenceNoText, {}},
-                      ListCase{"MeetingText", 1, 0, kMeetingText, {277}},
-                      ListCase{"Share", 1, 0, kShare, {296}},
-                      ListCase{"ShareTextOnly", 1, 0, kShareTextOnly, {}},
-                      ListCase{"Pair", 1, 0, kPair, {292}}, ListCase{"PairHalf", 1, 0, kPairHalf, {}},
-                      ListCase{"Extra", 1, 0, kExtra, {293}}, ListCase{"Item", 1, 0, kItem, {294}},
-                      ListCase{"Option", 1, 0, kOption, {277, 303}},
-                      ListCase{"OptionWithoutMeetingText", 1, 0, kOptionNoText, {}},
-                      ListCase{"EverythingKind513",
-                               513,
-                               4,
-                               0x3FF & ~(kReferenceNoText | kShareTextOnly | kPairHalf),
-                               {281, 277, 296, 292, 293, 294, 303, 302}}),
-    [](const auto& info) { return std::string(info.param.name); });
+// The interaction kinds that add a part of their own, and some that add none.
+std::vector<ListCase> ListCases() {
+  const std::pair<Types, Types> kinds[] = {
+      {{1, 428, 430, 493, 503, 504, 506, 509, 512, 517, 518, 537, 660, 662}, {}},
+      {{494, 500, 502, 505, 508, 510, 511, 514, 516, 534, 536}, {300}},
+      {{507, 519, 533, 661}, {301}},
+      {{429, 513}, {302}}};
+  std::vector<ListCase> cases;
+  for (const auto& [list, added] : kinds) {
+    for (const int32_t kind : list)
+      cases.push_back({"Kind" + std::to_string(kind), kind, 0, 0, added});
+  }
+  const std::vector<ListCase> rules = {{"Kind569Value0", 569, 0, 0, {}},
+                                       {"Kind569Value4", 569, 4, 0, {286}},
+                                       {"Kind570Value4", 570, 4, 0, {}},
+                                       {"Reference", 1, 0, kReference, {281}},
+                                       {"ReferenceWithoutText", 1, 0, kReferenceNoText, {}},
+                                       {"MeetingText", 1, 0, kMeetingText, {277}},
+                                       {"Share", 1, 0, kShare, {296}},
+                                       {"ShareTextOnly", 1, 0, kShareTextOnly, {}},
+                                       {"Pair", 1, 0, kPair, {292}},
+                                       {"PairHalf", 1, 0, kPairHalf, {}},
+                                       {"Extra", 1, 0, kExtra, {293}},
+                                       {"Item", 1, 0, kItem, {294}},
+                                       {"Option", 1, 0, kOption, {277, 303}},
+                                       {"OptionWithoutMeetingText", 1, 0, kOptionNoText, {}},
+                                       {"EverythingKind513",
+                                        513,
+                                        4,
+                                        0x3FF & ~(kReferenceNoText | kShareTextOnly | kPairHalf),
+                                        {281, 277, 296, 292, 293, 294, 303, 302}}};
+  cases.insert(cases.end(), rules.begin(), rules.end());
+  return cases;
+}
 
-// ---- In-meeting meeting event: gates, marking, mode, start time, body.
+INSTANTIATE_TEST_SUITE_P(Rules, InMeetingList, ::testing::ValuesIn(ListCases()),
+                         [](const auto& info) { return info.param.name; });
+
+// ---- In-meeting meeting event: gates, marking, mode.
 
 struct InMeetingGateCase {
   // 1..4: first, second, third code, interaction kind set to 0; 5: fourth code 0; 6: a web service that
@@ -278,7 +255,7 @@ TEST_P(InMeetingGate, DestroysTheEventForAZeroCode) {
   if (GetParam().which == 6) host_.web_service().SetContextAnswer({"", "", "", ""});
   const bool sent = std::string(GetParam().outcome) != "destroyed";
   EXPECT_EQ(Track({}, info), sent ? 1 : 0);
-  EXPECT_EQ(Outcome(), GetParam().outcome);
+  EXPECT_EQ(Outcomes(), GetParam().outcome);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -298,10 +275,7 @@ TEST_F(InMeeting, DestroysTheEventWhileTheCacheIsUnfilled) {
   EXPECT_EQ(Track({}, Interaction(1)), 1);
   host_.web_service().SetFillHook(nullptr);
   EXPECT_EQ(nested, 0);
-  const auto events = host_.TakeEvents();
-  ASSERT_EQ(events.size(), 2u);
-  EXPECT_EQ(events[0].outcome, oet_testing::RecordedEvent::Outcome::kDestroyed);
-  EXPECT_EQ(events[1].outcome, oet_testing::RecordedEvent::Outcome::kSubmitted);
+  EXPECT_EQ(Outcomes(), "destroyed, submitted 4 1");
 }
 
 struct MarkingCase {
@@ -376,69 +350,16 @@ INSTANTIATE_TEST_SUITE_P(Modes, InMeetingMode,
                                   oet_test::NameOf(info.param.role);
                          });
 
-TEST_F(InMeeting, FillsTheBodyWithTheStartTimeText) {
-  host_.SetAttributeHoldersPresent(false);
-  OrboPAAP::MeetingTrackingInfo_s tracking;
-  tracking.body_number = 9;
-  tracking.start_time = Kst::Time::FromUnixMilliseconds(1704067200005);  // 2024-01-01 00:00:00.005 UTC
-  OrboPAAP::MeetingInteractInfo_s info = Interaction(1);
-  info.fourth_code = 4, info.sixth_code = 6, info.seventh_code = 7, info.mode = 8, info.body_flag = -2;
-  info.label = L"L\u00e4", info.detail = "d";
-  EXPECT_EQ(Track(tracking, info), 1);
-  EXPECT_EQ(OnlyEvent().Ops(289),
-            "EntityBase.1=-3|32=8|5=1|24=2|16=3|3=4|36=1|19=6|22=7|14=d|30=L\xC3\xA4|9=true|12=9|"
-            "34=2024-01-01T00:00:00.005Z");
-  // Without label, body number and start time: the label and number are left alone, the time cleared.
-  EXPECT_EQ(Track({}, Interaction(1)), 1);
-  EXPECT_EQ(OnlyEvent().Ops(289), "EntityBase.1=-3|32=1|5=1|24=2|16=3|3=0|36=1|19=0|22=0|14=|9=false|33~");
-}
-
 // ---- OUI framework, main window and in meeting.
 
-const char kOuiBody[] =
-    "OuiBodyFields.11=3|OuiBodyFields.15=1|OuiBodyFields.6=-2|OuiBodyFields.8=5|OuiBodyFields.4=4|"
-    "OuiBodyFields.13=6|OuiBodyFields.16~|OuiBodyFields.1~";
-
-TEST_F(MeetingSide, OuiEventWithoutWebServiceCarriesTrackingAndEmptyDevice) {
-  host_.SetWebServicePresent(false);
-  EXPECT_EQ(OrboPTPAAP::TrackingOUIFrameworkInteract({"p", ""}, {1, -2, 3, 4, 5, 6}), 1);
-  EXPECT_EQ(Outcome(), "submitted 3 1");
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{187, 182}));
-  EXPECT_EQ(event.Ops(187), "OuiTrackingFields.2=p|OuiTrackingFields.4=");
-  EXPECT_EQ(event.Ops(182), "OuiDeviceFields.6=|OuiDeviceFields.1=|OuiDeviceFields.9=");
-  EXPECT_EQ(event.Ops(183), kOuiBody);
-}
-
+// The main window's event asks the web service for the account's label and URL at every event, never
+// from a cache. (Its fields, and the in-meeting event's: tests/golden/meeting_side.jsonl.)
 TEST_F(MeetingSide, OuiEventAsksForLabelAndUrlEveryTime) {
   host_.web_service().SetAccountDomain("acme");
   EXPECT_EQ(OrboPTPAAP::TrackingOUIFrameworkInteract({}, {}), 1);
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{187, 182, 186}));
-  EXPECT_EQ(event.Ops(182),
-            "OuiDeviceFields.6=Example Book 14|OuiDeviceFields.1=windows|OuiDeviceFields.9=10.0.22631");
-  EXPECT_EQ(event.Ops(186), "OuiProductFields.8=1|OuiProductFields.13=6.2.10.4512|OuiProductFields.2=acme");
-  EXPECT_EQ(host_.web_service().CallCount(35), 1);
-  EXPECT_EQ(host_.web_service().CallCount(37), 1);
-}
-
-TEST_F(MeetingSide, InMeetingOuiEventHasTheSameBodyAndEmptyContext) {
-  OrboPAAP::MeetingTrackingInfo_s tracking;
-  tracking.meeting_id = "ignored";
-  EXPECT_EQ(OrboPAAP::TrackingOUIFrameworkInteract(tracking, {1, -2, 3, 4, 5, 6}), 1);
-  EXPECT_EQ(Outcome(), "submitted 4 1");
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{187, 182, 186}));
-  EXPECT_EQ(event.Ops(187) + event.Ops(182) + event.Ops(186), "");
-  EXPECT_EQ(event.Ops(183), kOuiBody);
-  for (const int32_t type : {187, 182, 186, 183})
-    host_.SetCreateEntityFails(type, true);
-  EXPECT_EQ(OrboPAAP::TrackingOUIFrameworkInteract({}, {}), 1);
-  EXPECT_EQ(Calls(), (std::vector<std::string>{"CreateEvent -> event 2", "CreateEntity 187 -> null",
-                                               "CreateEntity 182 -> null", "CreateEntity 186 -> null",
-                                               "CreateEntity 183 -> null", "SubmitEvent 4 1 params=0"}));
-  host_.SetWebServicePresent(false);
-  EXPECT_EQ(OrboPAAP::TrackingOUIFrameworkInteract({}, {}), 0);
+  EXPECT_EQ(OrboPTPAAP::TrackingOUIFrameworkInteract({}, {}), 1);
+  EXPECT_EQ(Asked(35), 2);
+  EXPECT_EQ(Asked(37), 2);
 }
 
 // ---- Notice and client events: the hidden meeting identity.
@@ -475,37 +396,6 @@ INSTANTIATE_TEST_SUITE_P(
              (info.param.number == OrboPAAP::kNoMeetingNumber ? "None" : "42");
     });
 
-TEST_F(MeetingSide, IdentityWithoutHidingSendsTheRecordAsItIs) {
-  OrboPAAP::MeetingTrackingInfo_s tracking;
-  tracking.meeting_number = 42;
-  auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
-  oet::FillMeetingIdentity(event->Create<orbo_entity::MeetingIdentityEntity>(), tracking,
-                           oet::IdentityHiding::kOff);
-  oet::FillMeetingIdentity(nullptr, tracking, oet::IdentityHiding::kOn);  // no entity: nothing happens
-  event->Destroy();
-  EXPECT_EQ(Calls(),
-            (std::vector<std::string>{"CreateEvent -> event 1", "CreateEntity 161 -> #1",
-                                      "#1 MeetingIdentityFields.2 SetIdentityNumber 42",
-                                      "#1 MeetingIdentityFields.1 SetIdentityText \"\"", "DestroyEvent 1"}));
-}
-
-TEST_F(MeetingSide, NoticeAndClientFillTheirEntitiesAndBodies) {
-  EXPECT_EQ(OrboPAAP::TrackingNoticeInteractEvent({}, {}), 1);
-  EXPECT_EQ(Outcome(), "submitted 4 1");
-  EventView notice = OnlyEvent();
-  EXPECT_EQ(notice.ContextTypes(), (Types{170, 159, 169, 165, 161}));
-  EXPECT_EQ(notice.Ops(165), "8=|4=|2=|10=0");
-  EXPECT_EQ(notice.Ops(157), "13=0|7=0|2=0|5=0|15=0|17=0|8~");
-  OrboPAAP::OClientInteractInfo_s client;
-  client.client_value1 = 1, client.client_value2 = 2, client.client_value3 = 3;
-  client.client_value4 = 4, client.client_value5 = 5, client.client_value6 = 6;
-  EXPECT_EQ(OrboPAAP::TrackingClientInteractEvent({}, client), 1);
-  EventView event = OnlyEvent();
-  EXPECT_EQ(event.ContextTypes(), (Types{170, 159, 169, 161, 171}));
-  EXPECT_EQ(event.Ops(171), "ProductStringFields.1=|ProductStringFields.5=1");
-  EXPECT_EQ(event.Ops(157), "13=2|7=3|2=4|5=5|15=1|17=6|11=|8~");  // a=3 b=5 c=1 d=6 e=4 f=2
-}
-
 // ---- Legacy functions.
 
 TEST_F(MeetingSide, LegacyFunctionsDoNothing) {
@@ -524,7 +414,7 @@ TEST_F(MeetingSide, LegacyFunctionsDoNothing) {
   EXPECT_EQ(tags, before);
   EXPECT_EQ(KstHost::RegistryQueries(nullptr).registry, requests);
   EXPECT_TRUE(host_.Log().empty());
-  EXPECT_EQ(host_.web_service().CallCount(97), 0);
+  EXPECT_EQ(Asked(97), 0);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The two text encodings of the meeting side, as exact texts: what the writers produce, what the
-// readers make of any text (short, long, trimmed, odd bytes, separators inside values), and the host's
-// number reader that the settings reader relies on.
+// The two text encodings of the meeting side, as exact texts: what the writers produce and what the
+// readers make of any text (short, long, trimmed, odd bytes, separators inside values). The host's number
+// reader that the settings reader relies on: tests/strings_test.cpp.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -9,8 +9,6 @@
 
 #include "oEventTracker/OrboSettingPAAP.h"
 #include "oEventTracker/PTJoinMeetingPAAP.h"
-#include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_number.h"
 #include "tests/param_names.h"
 
 namespace {
@@ -181,36 +179,5 @@ TEST(SettingRoundTrip, GivesBackCodesTheReaderTakesAndTextsWithoutCommas) {
     EXPECT_EQ(Shown(back), Shown(info));
   }
 }
-
-// ---- The host's number reader, as the settings reader uses it (wide text, base 10). A value that is
-// not taken leaves the output as it was.
-
-struct NumberCase {
-  const char* text;  // UTF-8
-  bool taken;
-  uint32_t value;
-};
-
-class HostNumberReader : public ::testing::TestWithParam<NumberCase> {};
-
-TEST_P(HostNumberReader, TakesPlainDecimalDigitsOnly) {
-  uint32_t value = 42;
-  EXPECT_EQ(Kst::StringToUInt(Kst::Utf8ToWide(GetParam().text), &value, 10), GetParam().taken);
-  EXPECT_EQ(value, GetParam().taken ? GetParam().value : 42u);
-  value = 42;
-  EXPECT_EQ(Kst::StringToUInt(Kst::CStringT<char>(GetParam().text), &value, 10),
-            GetParam().taken);  // same rule
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, HostNumberReader,
-    ::testing::Values(NumberCase{"0", true, 0}, NumberCase{"007", true, 7},
-                      NumberCase{"4294967295", true, UINT32_MAX}, NumberCase{"4294967296", false, 0},
-                      NumberCase{"99999999999999999999", false, 0}, NumberCase{"+7", false, 0},
-                      NumberCase{"-7", false, 0}, NumberCase{"-0", false, 0}, NumberCase{"7a", false, 0},
-                      NumberCase{" 7", false, 0}, NumberCase{"7 ", false, 0}, NumberCase{"", false, 0},
-                      NumberCase{"\xEF\xBC\x97", false, 0} /* fullwidth 7 */,
-                      NumberCase{"\xD9\xA3", false, 0} /* Arabic-Indic 3 */),
-    [](const auto& info) { return oet_test::NameOf(std::string(info.param.text)); });
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/system_info.h"
+#include "tests/test_support.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp (and of the
-// platform stand-in's chat-metrics words) so that a slip in either place fails a row. Every listed value must
+// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp so that a
+// slip in either place fails a row (the odd spellings the back end expects included). Every listed value must
 // give its word, and the gaps, 0, -1, the values just past either end and the int32 extremes must give the
 // empty string.
 #include "core/vocabulary.h"
@@ -12,8 +12,6 @@
 #include <set>
 #include <string>
 #include <vector>
-
-#include "oKstPlatform/chat_metrics.h"
 
 namespace {
 
@@ -29,12 +27,6 @@ struct Table {
   // The words from `first` on with '|' between them; an empty field is a value without a word.
   const char* words;
 };
-
-// The host's word function of a chat-metrics enumeration, on the enumeration's integer.
-template <class E, std::string (*F)(E)>
-std::string HostWord(int32_t value) {
-  return F(static_cast<E>(value));
-}
 
 const std::vector<Table>& Tables() {
   static const std::vector<Table> tables = {
@@ -104,23 +96,6 @@ void PrintTo(const Row& row, std::ostream* os) {
   *os << row.name << "(" << row.value << ") -> \"" << row.word << "\"";
 }
 
-// The odd words the back end expects as they stand, spelled out once more on their own.
-std::vector<Row> OddRows() {
-  return {
-      {"HomeTabFeature", oet::HomeTabFeatureToString, 0, "Unknown"},
-      {"HomeTabFeature", oet::HomeTabFeatureToString, 6, ""},
-      {"HomeTabElement", oet::HomeTabElementToString, 0, ""},
-      {"InteractionType", oet::InteractionTypeToString, 0, ""},
-      {"SearchResultAction", oet::SearchResultActionToString, 3, "meet_with_Video"},
-      {"SearchResultAction", oet::SearchResultActionToString, 4, "meet_without_video"},
-      {"SearchResultAction", oet::SearchResultActionToString, 29, "down_load_file"},
-      {"SearchCategory", oet::SearchCategoryToString, 6, "unjoined_public_channels"},
-      {"SearchSection", oet::SearchSectionToString, 6, "unjonied_public_channels"},
-      {"SearchFileType", oet::SearchFileTypeToString, 1, "all files"},
-      {"SearchSortOrder", oet::SearchSortOrderToString, 3, ""},
-  };
-}
-
 std::vector<Row> TableRows() {
   std::vector<Row> rows;
   for (const Table& t : Tables()) {
@@ -158,6 +133,5 @@ TEST_P(VocabularyTest, GivesExactWireWord) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Tables, VocabularyTest, testing::ValuesIn(TableRows()), RowName);
-INSTANTIATE_TEST_SUITE_P(OddWords, VocabularyTest, testing::ValuesIn(OddRows()), RowName);
 
 }  // namespace
