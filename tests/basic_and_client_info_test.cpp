@@ -1,11 +1,11 @@
 // Sign-in and basic interactions (which reads the client context, a missing context list), the product
-// facts with the account's domain label cut out of its web URL, the device facts, and the service gates
-// of every export of this family. (Their fields: examples/sample-session.jsonl.)
+// facts with the account's domain label cut out of its web URL, and the device facts. (Their fields:
+// examples/sample-session.jsonl and tests/golden/event_rules.jsonl; the service gates:
+// tests/event_skeleton_test.cpp.)
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "core/web_domains.h"
@@ -31,10 +31,6 @@ struct BasicCase {
   int32_t missing = 0;     // a context type the host does not give
   int fills = 0;           // client-context fills asked of the web service (its operation 97)
 };
-
-void PrintTo(const BasicCase& c, std::ostream* os) {
-  *os << c.name;
-}
 
 class BasicInteraction : public oet_test::HostTest, public ::testing::WithParamInterface<BasicCase> {};
 
@@ -93,11 +89,6 @@ std::string Expand(std::string text) {
   return text;
 }
 
-void PrintTo(const DomainCase& c, std::ostream* os) {
-  *os << "stored " << oet_test::Quoted(c.stored) << ", url " << oet_test::Quoted(c.url)
-      << (c.development ? ", development URL" : "") << (c.url_utils_present ? "" : ", no URL utilities");
-}
-
 class ProductInfo : public oet_test::HostTest, public ::testing::WithParamInterface<DomainCase> {
  protected:
   void TearDown() override {
@@ -153,49 +144,5 @@ TEST_F(BasicInteraction, DeviceFactsWaitForTheWebService) {
   EXPECT_EQ(info.device_product + "|" + info.web_service_value + "|" + info.os_version + "|" + info.os_name,
             "Example Book 14|ws-value|10.0.22631|windows");
 }
-
-// What each export answers when a service, the event or the host fails: 0 with nothing submitted,
-// except that sign-in and basic interactions need no web service.
-enum Failure { kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows };
-const char* const kFailureNames[] = {"NoRegistry", "NoWebService", "NoTelemetry", "NoEvent", "HostThrows"};
-
-struct GateCase {
-  const char* name;
-  int (*track)();
-  bool needs_web_service;
-};
-
-void PrintTo(const GateCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class ServiceGates : public oet_test::HostTest,
-                     public ::testing::WithParamInterface<std::tuple<GateCase, Failure>> {};
-
-TEST_P(ServiceGates, ReturnZeroWithoutSubmitting) {
-  const auto& [export_case, failure] = GetParam();
-  if (failure == kNoRegistry) host_.SetRegistryAvailable(false);
-  if (failure == kNoWebService) host_.SetWebServicePresent(false);
-  if (failure == kNoTelemetry) host_.SetTelemetryPresent(false);
-  if (failure == kNoEvent) host_.SetCreateEventFails(true);
-  if (failure == kHostThrows) host_.ThrowAtCall(3);
-  const bool goes_out = failure == kNoWebService && !export_case.needs_web_service;
-  EXPECT_EQ(export_case.track(), goes_out ? 1 : 0);
-  for (const auto& event : host_.TakeEvents())
-    EXPECT_EQ(oet_test::EventView(event).submitted(), goes_out);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Exports, ServiceGates,
-    ::testing::Combine(
-        ::testing::Values(
-            GateCase{"Search", [] { return OrboPTPAAP::TrackingPTSearchEvent({}, {}); }, true},
-            GateCase{"SearchV2", [] { return OrboPTPAAP::TrackingPTSearchEventV2({}, {}); }, true},
-            GateCase{"Phone", [] { return OrboPTPAAP::TrackingPhoneInteractEvent({}, {}); }, true},
-            GateCase{"SignIn", SignIn, false}, GateCase{"Basic", Basic, false}),
-        ::testing::Values(kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows)),
-    [](const auto& info) {
-      return std::string(std::get<0>(info.param).name) + "_" + kFailureNames[std::get<1>(info.param)];
-    });
 
 }  // namespace

@@ -29,10 +29,6 @@ struct ListCase {
   Types added;  // after 130, 121, 128
 };
 
-void PrintTo(const ListCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
 class ChatList : public oet_test::HostTest, public ::testing::WithParamInterface<ListCase> {};
 
 TEST_P(ChatList, HoldsThePartsItsMarkersAndActionTypeAskFor) {

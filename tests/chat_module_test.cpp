@@ -21,46 +21,25 @@ const char* const kKindNames[] = {"MessageModule", "WebService", "Database", "Fi
 const int32_t kBody[] = {124, 131, 113, 123, 122};
 const int32_t kHeader[] = {117, 120, 114, 116, 117};
 
-// One call of each event with a body, under an interaction id the event sends (and the database's
-// carries the tracking info).
-int Track(Kind kind) {
-  const PTTrackingInfo_s tracking{"p1", "p2"};
-  switch (kind) {
-    case kMessage: {
-      ChatMessageModuleInfo_s info;
-      info.with_body = 1;
-      return TrackingPTChatMessageModuleEvent(tracking, info);
-    }
-    case kWebService: {
-      WebServiceInfo_s info;
-      info.with_body = 1;
-      return TrackingPTChatWebServiceModuleEvent(tracking, info);
-    }
-    case kDatabase: {
-      ChatDBInteractInfo_s info;
-      info.interaction_id = 162;
-      return TrackingPTChatDBInteractEvent(tracking, info);
-    }
-    case kFileTransfer: {
-      ChatFileTransferInteractInfo_s info;
-      info.interaction_id = 9;
-      return TrackingPTChatFileTransferInteractEvent(tracking, info);
-    }
-    case kE2EDecode: {
-      ChatE2EDecodeInfo_s info;
-      info.interaction_id = 183;
-      return TrackingPTChatE2EDecodeInteractEvent(tracking, info);
-    }
-  }
-  return -1;
-}
+// One call of each event with a body, under an interaction id the event sends (the database's carries
+// the tracking info).
+using oet_test::CallWith;
+int (*const kTrack[])(int32_t) = {
+    CallWith<ChatMessageModuleInfo_s, &ChatMessageModuleInfo_s::with_body, TrackingPTChatMessageModuleEvent>,
+    CallWith<WebServiceInfo_s, &WebServiceInfo_s::with_body, TrackingPTChatWebServiceModuleEvent>,
+    CallWith<ChatDBInteractInfo_s, &ChatDBInteractInfo_s::interaction_id, TrackingPTChatDBInteractEvent>,
+    CallWith<ChatFileTransferInteractInfo_s, &ChatFileTransferInteractInfo_s::interaction_id,
+             TrackingPTChatFileTransferInteractEvent>,
+    CallWith<ChatE2EDecodeInfo_s, &ChatE2EDecodeInfo_s::interaction_id,
+             TrackingPTChatE2EDecodeInteractEvent>};
+const int32_t kValue[] = {1, 1, 162, 9, 183};
 
 class ChatModule : public oet_test::HostTest, public ::testing::WithParamInterface<Kind> {
  protected:
   // Each call a little over a second after the one before, so that no rate limit drops it.
   int TrackLater() {
     clock_.At(1500 * ++calls_);
-    return Track(GetParam());
+    return kTrack[GetParam()](kValue[GetParam()]);
   }
   oet_test::TestClock clock_;
   int calls_ = 0;

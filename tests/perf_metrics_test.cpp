@@ -61,10 +61,6 @@ struct Presence {
   const char* ops;  // entity 133
 };
 
-void PrintTo(const Presence& p, std::ostream* os) {
-  *os << p.name;
-}
-
 class Measurements : public PerfMetrics, public ::testing::WithParamInterface<Presence> {};
 
 TEST_P(Measurements, AreSetOnlyWhenTheyCarryAValue) {

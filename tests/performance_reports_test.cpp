@@ -24,10 +24,6 @@ struct Report {
   int32_t body;
 };
 
-void PrintTo(const Report& r, std::ostream* os) {
-  *os << r.name;
-}
-
 const Report kReports[] = {
     {"IOSLaunch", [] { return TrackingApmIOSLaunchEvent({}); }, 644},
     {"MacLaunch", [] { return TrackingApmMacLaunchEvent({}); }, 649},
@@ -76,10 +72,6 @@ struct DeviceCase {
   std::vector<std::pair<KstHost::SystemFact, std::string>> facts;
   std::string ops;
 };
-
-void PrintTo(const DeviceCase& c, std::ostream* os) {
-  *os << c.name;
-}
 
 class ApmDevice : public oet_test::HostTest, public ::testing::WithParamInterface<DeviceCase> {};
 

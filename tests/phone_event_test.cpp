@@ -19,10 +19,6 @@ struct ListCase {
   Types context;  // 0: a null entry
 };
 
-void PrintTo(const ListCase& c, std::ostream* os) {
-  *os << "call detail " << c.call_detail << ", failing " << testing::PrintToString(c.failing);
-}
-
 class PhoneContextList : public oet_test::HostTest, public ::testing::WithParamInterface<ListCase> {};
 
 TEST_P(PhoneContextList, HoldsTheEntitiesTheHostGave) {

@@ -37,44 +37,27 @@ struct Throttled {
   std::vector<int> free;
 };
 
-void PrintTo(const Throttled& t, std::ostream* os) {
-  *os << t.name;
-}
-
 const Throttled kThrottled[] = {
     {"Chat",
-     [](int key) {
-       ChatInteractInfo_s info;
-       info.action_type = key;
-       return TrackingPTChatEvent({}, info);
-     },
+     oet_test::CallWith<ChatInteractInfo_s, &ChatInteractInfo_s::action_type, TrackingPTChatEvent>,
      {174, 185},
      {173, 186, -174, 0}},
     {"PerfMetrics", [](int key) { return TrackingPerfMetricsInfo({}, Named(key)); }, {0, 1, 2, 3, 4}, {5, 6}},
     {"ChatMessageModule", [](int) { return TrackingPTChatMessageModuleEvent({}, {}); }, {0}, {}},
     {"ChatDatabase",
-     [](int key) {
-       ChatDBInteractInfo_s info;
-       info.interaction_id = key;
-       return TrackingPTChatDBInteractEvent({}, info);
-     },
+     oet_test::CallWith<ChatDBInteractInfo_s, &ChatDBInteractInfo_s::interaction_id,
+                        TrackingPTChatDBInteractEvent>,
      {165},
      {164, 162, 166, 0}},
     {"ChatE2EDecode",
-     [](int key) {
-       ChatE2EDecodeInfo_s info;
-       info.interaction_id = key;
-       return TrackingPTChatE2EDecodeInteractEvent({}, info);
-     },
+     oet_test::CallWith<ChatE2EDecodeInfo_s, &ChatE2EDecodeInfo_s::interaction_id,
+                        TrackingPTChatE2EDecodeInteractEvent>,
      {182, 183, 184},
      {}},
     {"ChatWebServiceModule", [](int) { return TrackingPTChatWebServiceModuleEvent({}, {}); }, {}, {0}},
     {"ChatFileTransfer",
-     [](int key) {
-       ChatFileTransferInteractInfo_s info;
-       info.interaction_id = key;
-       return TrackingPTChatFileTransferInteractEvent({}, info);
-     },
+     oet_test::CallWith<ChatFileTransferInteractInfo_s, &ChatFileTransferInteractInfo_s::interaction_id,
+                        TrackingPTChatFileTransferInteractEvent>,
      {},
      {165, 182, 0}},
 };

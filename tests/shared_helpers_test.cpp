@@ -16,10 +16,6 @@ struct TimeCase {
   const char* text;
 };
 
-void PrintTo(const TimeCase& c, std::ostream* os) {
-  *os << c.unix_us << " us";
-}
-
 class UtcTimestamp : public ::testing::TestWithParam<TimeCase> {};
 
 TEST_P(UtcTimestamp, WritesIsoUtcWithMilliseconds) {
@@ -45,11 +41,6 @@ struct ShortKeyCase {
   const char* expected;
   const char* asked;  // calls of the web service's operation 100 and the lookup's 22 and 25
 };
-
-void PrintTo(const ShortKeyCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.identifier) << ", stored " << oet_test::Quoted(c.stored)
-      << (c.lookup_present ? "" : ", no lookup") << (c.web_service_present ? "" : ", no web service");
-}
 
 class ShortKey : public oet_test::HostTest, public ::testing::WithParamInterface<ShortKeyCase> {};
 

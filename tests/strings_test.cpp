@@ -54,9 +54,6 @@ struct DecodeCase {
   std::string utf8;
   std::vector<uint32_t> cps;
 };
-void PrintTo(const DecodeCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.utf8);
-}
 class Utf8ToWide : public testing::TestWithParam<DecodeCase> {};
 
 TEST_P(Utf8ToWide, ReplacesEachMaximalIllFormedSubpart) {
@@ -64,37 +61,35 @@ TEST_P(Utf8ToWide, ReplacesEachMaximalIllFormedSubpart) {
   EXPECT_EQ(Kst::Utf8ToWide(GetParam().utf8).str(), Wide(GetParam().cps));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Utf8ToWide,
-                         testing::ValuesIn(std::vector<DecodeCase>{
-                             {"", {}},
-                             {"\x41\xC3\xA9\xE2\x82\xAC\xED\x9F\xBF", {0x41, 0xE9, 0x20AC, 0xD7FF}},
-                             {"\xEF\xBF\xBF\xF0\x90\x80\x80", {0xFFFF, 0x10000}},
-                             {"a" + kGrin + "\xF4\x8F\xBF\xBF", {0x61, 0x1F600, 0x10FFFF}},
-                             {std::string("a\0b", 3), {0x61, 0, 0x62}},
-                             {"\xC0\xAF\xC1\xBF", {R, R, R, R}},  // overlong
-                             {"\xE0\x80\xAF", {R, R, R}},
-                             {"\xF0\x8F\xBF\xBF", {R, R, R, R}},
-                             {"\xC3", {R}},  // truncated: one replacement for the whole prefix
-                             {"x\xF0\x9F\x98", {0x78, R}},
-                             {"\xE2\x82\x41", {R, 0x41}},
-                             {"\xF0\x9F\x98\xE2\x82\xAC", {R, 0x20AC}},
-                             {"\x41\x80\xBF\x42", {0x41, R, R, 0x42}},          // stray continuation bytes
-                             {"\xED\xA0\x80\xED\xBF\xBF", {R, R, R, R, R, R}},  // encoded surrogates
-                             {"\xF4\x90\x80\x80", {R, R, R, R}},                // above U+10FFFF
-                             {"\xC0\x80\xF5\x80\x80\x80\xFE\xFF", {R, R, R, R, R, R, R, R}},
-                             {"\x61\xF1\x80\x80\xE1\x80\xC2\x62\x80\x63\x80\xBF\x64",
-                              {0x61, R, R, R, 0x62, R, 0x63, R, R, 0x64}},
-                         }),
-                         [](const auto& info) { return oet_test::NameOf(info.param.utf8); });
+INSTANTIATE_TEST_SUITE_P(
+    All, Utf8ToWide,
+    testing::ValuesIn(std::vector<DecodeCase>{
+        {"", {}},
+        {"\x41\xC3\xA9\xE2\x82\xAC\xED\x9F\xBF", {0x41, 0xE9, 0x20AC, 0xD7FF}},
+        {"\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEE\x80\x80", {0x7F, 0x80, 0x7FF, 0x800, 0xE000}},
+        {"\xEF\xBF\xBF\xF0\x90\x80\x80", {0xFFFF, 0x10000}},
+        {"a" + kGrin + "\xF4\x8F\xBF\xBF", {0x61, 0x1F600, 0x10FFFF}},
+        {std::string("a\0b", 3), {0x61, 0, 0x62}},
+        {"\xC0\xAF\xC1\xBF", {R, R, R, R}},  // overlong
+        {"\xE0\x80\xAF", {R, R, R}},
+        {"\xF0\x8F\xBF\xBF", {R, R, R, R}},
+        {"\xC3", {R}},  // truncated: one replacement for the whole prefix
+        {"x\xF0\x9F\x98", {0x78, R}},
+        {"\xE2\x82\x41", {R, 0x41}},
+        {"\xF0\x9F\x98\xE2\x82\xAC", {R, 0x20AC}},
+        {"\x41\x80\xBF\x42", {0x41, R, R, 0x42}},          // stray continuation bytes
+        {"\xED\xA0\x80\xED\xBF\xBF", {R, R, R, R, R, R}},  // encoded surrogates
+        {"\xF4\x90\x80\x80", {R, R, R, R}},                // above U+10FFFF
+        {"\xC0\x80\xF5\x80\x80\x80\xFE\xFF", {R, R, R, R, R, R, R, R}},
+        {"\x61\xF1\x80\x80\xE1\x80\xC2\x62\x80\x63\x80\xBF\x64", {0x61, R, R, R, 0x62, R, 0x63, R, R, 0x64}},
+    }),
+    [](const auto& info) { return oet_test::NameOf(info.param.utf8); });
 
 // The host's conversion and the library's ToUtf8 give the same bytes; the library stops at the first NUL.
 struct EncodeCase {
   std::wstring wide;
   std::string utf8;
 };
-void PrintTo(const EncodeCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.wide) << " -> " << oet_test::Quoted(c.utf8);
-}
 class WideToUtf8 : public testing::TestWithParam<EncodeCase> {};
 
 TEST_P(WideToUtf8, EncodesAndReplacesLoneSurrogates) {
@@ -139,7 +134,7 @@ TEST(HostText, NarrowAndWideCutAtTheFirstNul) {
       {std::string(62, 'y') + kGrin + "z", std::string(62, 'y') + kGrin + "z"},  // at the stack's edge
       {long_text + kGrin, long_text + kGrin}};
   for (const auto& [text, sent] : cases) {
-    EXPECT_EQ(oet::TextOf(CStringT<char>(text.data(), static_cast<int>(text.size()))), sent);
+    EXPECT_EQ(oet::TextOf(CStringT<char>(text.data(), static_cast<int>(text.size()))).str(), sent);
     EXPECT_EQ(oet::ToUtf8(Kst::Utf8ToWide(text)), sent);
   }
 }
@@ -195,16 +190,6 @@ TEST(KstStrConvert, CapacityNeverSplitsACharacter) {
   });
 }
 
-TEST(KstStrConvert, RoundTripsEveryKindOfCodePoint) {
-  std::vector<uint32_t> cps = {0, 0x7F, 0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF};
-  for (uint32_t cp = 1; cp <= 0x10FFFF; cp += 997) {
-    if (cp < 0xD800 || cp > 0xDFFF) cps.push_back(cp);
-  }
-  const std::string utf8 = Kst::WideToUtf8(CStringT<wchar_t>(Wide(cps)));
-  EXPECT_EQ(Kst::Utf8ToWide(utf8).str(), Wide(cps));
-  EXPECT_EQ(Convert<char>(Convert<wchar_t>(utf8)), utf8);
-}
-
 // Long texts convert as one piece wherever their characters, whole or broken, fall.
 TEST(KstStrConvert, LongTextsConvertAsAWhole) {
   for (const char* piece : {"\xF0\x9F\x98\x80", "\xE2\x82\xAC\x61", "\xF0\x9F\x98", "\xE2\x82\x80\x80\x80"}) {
@@ -227,9 +212,6 @@ struct UIntCase {
   bool ok;
   uint32_t value;
 };
-void PrintTo(const UIntCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.text) << " base " << c.base;
-}
 class StringToUInt : public testing::TestWithParam<UIntCase> {};
 
 TEST_P(StringToUInt, AcceptsOnlyWholeAsciiDigitRunsThatFit) {

@@ -11,7 +11,8 @@
 #include <vector>
 
 #include "core/client_context.h"
-#include "oKstPlatform/kst_time.h"
+#include "oEventTracker/OrboPTPAAP.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
@@ -103,6 +104,15 @@ class TestClock {
   }
   int64_t start_ms_;
 };
+
+// A call of the export `Track` with empty tracking values and a default record whose member `Member` is
+// `value`.
+template <class Info, int32_t Info::*Member, int (*Track)(const OrboPTPAAP::PTTrackingInfo_s&, const Info&)>
+int CallWith(int32_t value) {
+  Info info;
+  info.*Member = value;
+  return Track({}, info);
+}
 
 class HostTest : public ::testing::Test {
  protected:
