@@ -225,14 +225,14 @@ TEST_P(StringToUInt, AcceptsOnlyWholeAsciiDigitRunsThatFit) {
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(All, StringToUInt, testing::ValuesIn(std::vector<UIntCase>{
-    {"0", 10, true, 0},            {"4294967295", 10, true, UINT32_MAX}, {"0004294967295", 10, true, UINT32_MAX},
-    {"4294967296", 10, false, 0},  {"99999999999", 10, false, 0},        {"", 10, false, 0},
-    {"-1", 10, false, 0},          {"-0", 10, false, 0},                 {"+1", 10, false, 0},
-    {" 1", 10, false, 0},          {"1 ", 10, false, 0},                 {"7a", 10, false, 0},
-    {"ff", 16, true, 255},         {"FF", 16, true, 255},                {"ff", 10, false, 0},
-    {"0x10", 16, false, 0},        {"ffffffff", 16, true, UINT32_MAX},   {"100000000", 16, false, 0},
-    {"101", 2, true, 5},           {"2", 2, false, 0},                   {"Zz", 36, true, 1295},
-    {"1", 1, false, 0},            {"1", 37, false, 0},                  {"\xB1", 10, false, 0},    
+    {"0", 10, true, 0},           {"4294967295", 10, true, UINT32_MAX}, {"04294967295", 10, true, UINT32_MAX},
+    {"4294967296", 10, false, 0}, {"99999999999", 10, false, 0},        {"", 10, false, 0},
+    {"-1", 10, false, 0},         {"-0", 10, false, 0},                 {"+1", 10, false, 0},
+    {" 1", 10, false, 0},         {"1 ", 10, false, 0},                 {"7a", 10, false, 0},
+    {"ff", 16, true, 255},        {"FF", 16, true, 255},                {"ff", 10, false, 0},
+    {"0x10", 16, false, 0},       {"ffffffff", 16, true, UINT32_MAX},   {"100000000", 16, false, 0},
+    {"101", 2, true, 5},          {"2", 2, false, 0},                   {"Zz", 36, true, 1295},
+    {"1", 1, false, 0},           {"1", 37, false, 0},                  {"\xB1", 10, false, 0},
     {"\xC4\xB1", 10, false, 0} /* U+0131: not '1' by its low bits */,
     {"\xEF\xBC\x91", 10, false, 0} /* fullwidth 1 */, {"\xD9\xA3", 10, false, 0} /* Arabic-Indic 3 */}),
     [](const auto& info) {
