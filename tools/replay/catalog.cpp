@@ -110,7 +110,7 @@ struct OpInfo {
 
 void Flatten(const Json& value, const std::string& path,
              std::vector<std::pair<std::string, std::string>>& out) {
-  if (value.is_object() && (!value.empty() || path.empty())) {
+  if (value.is_object() && (!value.empty() || path.empty()) && !IsTextForm(value)) {
     for (auto it = value.begin(); it != value.end(); ++it)
       Flatten(*it, MemberPath(path, it.key()), out);
     return;

@@ -49,8 +49,9 @@ class Issues {
  public:
   // A problem with one member: `field "info.first_tab": <message>`.
   void AddField(const std::string& path, const std::string& message);
-  // A problem with the line as a whole.
-  void Add(std::string message) { messages_.push_back(std::move(message)); }
+  // A problem with the line as a whole. Bytes of the message that are not UTF-8 (read from a line
+  // that holds them) are escaped as \xHH, so that the error stream stays UTF-8.
+  void Add(const std::string& message);
   bool empty() const { return messages_.empty(); }
   const std::vector<std::string>& messages() const { return messages_; }
 
@@ -62,6 +63,11 @@ class Issues {
 std::string Shown(const Json& value);
 // The value as one line of JSON; bytes that are not UTF-8 are replaced rather than refused.
 std::string CompactText(const Json& value);
+// `text` with every byte that is not part of well-formed UTF-8 written as \xHH.
+std::string EscapeIllFormed(const std::string& text);
+// Whether a JSON value is a text given or printed in its byte form: {"bytes": "..."} (narrow text) or
+// {"utf16": "..."} (wide text), which a record member never is.
+bool IsTextForm(const Json& value);
 // The path of a member inside a record ("info" + "first_tab" -> "info.first_tab").
 std::string MemberPath(const std::string& path, const std::string& member);
 
@@ -236,10 +242,13 @@ struct Codec<double> {
 Json SampleText(SampleBuilder& samples, const char* type, const std::string& path,
                 const std::string& value_path);
 
+// Narrow texts: a JSON string (UTF-8, byte for byte), or any bytes as {"bytes": "61 E2 82"} (two hex
+// digits a byte, spaces between bytes allowed). Written back the same way: a string when the text is
+// valid UTF-8, the byte form otherwise.
 template <>
 struct Codec<std::string> {
   static void Read(const Json& in, std::string& out, const std::string& path, Issues& issues);
-  static Json Write(const std::string& value) { return value; }
+  static Json Write(const std::string& value);
   static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
     return SampleText(samples, "text", path, value_path);
   }
@@ -248,12 +257,16 @@ struct Codec<std::string> {
 template <>
 struct Codec<Kst::CStringT<char>> {
   static void Read(const Json& in, Kst::CStringT<char>& out, const std::string& path, Issues& issues);
-  static Json Write(const Kst::CStringT<char>& value) { return value.str(); }
+  static Json Write(const Kst::CStringT<char>& value);
   static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
     return SampleText(samples, "text", path, value_path);
   }
 };
 
+// Wide texts: a JSON string (converted with Kst::Utf8ToWide), or any UTF-16 code units, lone
+// surrogates included, as {"utf16": "0061 D800"} (four hex digits a unit, spaces between units
+// allowed; where wchar_t holds UTF-32 a surrogate pair becomes one character). Written back as UTF-8
+// when the text is well-formed, in the unit form otherwise.
 template <>
 struct Codec<Kst::CStringT<wchar_t>> {
   static void Read(const Json& in, Kst::CStringT<wchar_t>& out, const std::string& path, Issues& issues);
