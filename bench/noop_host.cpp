@@ -4,7 +4,7 @@
 
 #include "oKstPlatform/entities.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/telemetry_api.h"

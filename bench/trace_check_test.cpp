@@ -19,7 +19,7 @@
 #include "core/client_context.h"
 #include "oKstPlatform/entities.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"

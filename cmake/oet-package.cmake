@@ -6,15 +6,16 @@
 #   VERSION and SOVERSION (the Linux SONAME), the Windows DLLs their version resource and the package
 #   its version file.
 # - The public headers are every header in include/oEventTracker/ and its subfolders, plus the
-#   platform headers that they include, found by following their #include "platform/..." lines. A
+#   platform headers that they include, found by following their #include "oKstPlatform/..." lines. A
 #   public header that includes any other header of this tree (core/, testing/, ...) stops the
 #   configuration: it would not be installed.
-# - oet_header_check compiles each public header alone, twice in one file, against the installed
+# - oet_header_check (built with the tests) compiles each public header alone, twice in one file, against the installed
 #   layout (include/ and a copy of the platform headers, nothing else of this tree), with the
 #   project's warnings as errors. Headers added later are picked up by the glob at the next build.
 # - With OET_INSTALL (on by default only when this is the top-level project), `cmake --install`
 #   installs the two shared libraries, the public headers and the package oEventTracker: export set
-#   oEventTrackerTargets, targets oEventTracker::oEventTracker and oEventTracker::oKstPlatform.
+#   oEventTrackerTargets, targets oEventTracker::oEventTracker and oEventTracker::oKstPlatform, and the
+#   pkg-config file oEventTracker.pc.
 #   Nothing of testing/, tools/, bench/, tests/ or their dependencies is installed.
 
 include(GNUInstallDirs)
@@ -60,8 +61,8 @@ if(WIN32)
     set(OET_RC_INTERNAL_NAME "${target}")
     set(OET_RC_DESCRIPTION "${description}")
     string(REPLACE "." "," OET_RC_VERSION_COMMAS "${PROJECT_VERSION}.0")
-    set(rc "${CMAKE_BINARY_DIR}/generated/${target}_version.rc")
-    set(obj "${CMAKE_BINARY_DIR}/generated/${target}_version.res.obj")
+    set(rc "${PROJECT_BINARY_DIR}/generated/${target}_version.rc")
+    set(obj "${PROJECT_BINARY_DIR}/generated/${target}_version.res.obj")
     configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${rc}.in" @ONLY)
     file(GENERATE OUTPUT "${rc}" INPUT "${rc}.in")
     add_custom_command(OUTPUT "${obj}"
@@ -112,28 +113,30 @@ oet_platform_headers_of(oet_installed_platform_files ${oet_public_headers})
 
 # ---- Each public header compiles on its own
 
-set(oet_check_dir "${CMAKE_BINARY_DIR}/header-check")
-set(oet_check_sources "")
-# The platform headers as they will be installed, and nothing else from this tree.
-foreach(file IN LISTS oet_installed_platform_files)
-  configure_file("${PROJECT_SOURCE_DIR}/platform/include/${file}" "${oet_check_dir}/include/${file}" COPYONLY)
-endforeach()
-set(oet_checked_headers ${oet_installed_platform_files})
-list(FILTER oet_checked_headers INCLUDE REGEX "\\.h$")
-foreach(header IN LISTS oet_public_headers)
-  file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}/include" "${header}")
-  list(APPEND oet_checked_headers "${name}")
-endforeach()
-foreach(name IN LISTS oet_checked_headers)
-  string(MAKE_C_IDENTIFIER "${name}" stem)
-  # Included twice: the second time checks that the header guards itself.
-  file(CONFIGURE OUTPUT "${oet_check_dir}/${stem}.cpp"
-       CONTENT "#include \"${name}\"\n#include \"${name}\"\n" @ONLY)
-  list(APPEND oet_check_sources "${oet_check_dir}/${stem}.cpp")
-endforeach()
-add_library(oet_header_check OBJECT ${oet_check_sources})
-target_include_directories(oet_header_check PRIVATE "${PROJECT_SOURCE_DIR}/include" "${oet_check_dir}/include")
-target_compile_options(oet_header_check PRIVATE -Wall -Wextra -Wpedantic -Werror)
+if(OET_BUILD_TESTS)
+  set(oet_check_dir "${PROJECT_BINARY_DIR}/header-check")
+  set(oet_check_sources "")
+  # The platform headers as they will be installed, and nothing else from this tree.
+  foreach(file IN LISTS oet_installed_platform_files)
+    configure_file("${PROJECT_SOURCE_DIR}/platform/include/${file}" "${oet_check_dir}/include/${file}" COPYONLY)
+  endforeach()
+  set(oet_checked_headers ${oet_installed_platform_files})
+  list(FILTER oet_checked_headers INCLUDE REGEX "\\.h$")
+  foreach(header IN LISTS oet_public_headers)
+    file(RELATIVE_PATH name "${PROJECT_SOURCE_DIR}/include" "${header}")
+    list(APPEND oet_checked_headers "${name}")
+  endforeach()
+  foreach(name IN LISTS oet_checked_headers)
+    string(MAKE_C_IDENTIFIER "${name}" stem)
+    # Included twice: the second time checks that the header guards itself.
+    file(CONFIGURE OUTPUT "${oet_check_dir}/${stem}.cpp"
+         CONTENT "#include \"${name}\"\n#include \"${name}\"\n" @ONLY)
+    list(APPEND oet_check_sources "${oet_check_dir}/${stem}.cpp")
+  endforeach()
+  add_library(oet_header_check OBJECT ${oet_check_sources})
+  target_include_directories(oet_header_check PRIVATE "${PROJECT_SOURCE_DIR}/include" "${oet_check_dir}/include")
+  target_compile_options(oet_header_check PRIVATE -Wall -Wextra -Wpedantic -Werror)
+endif()
 
 # ---- Install rules and the CMake package
 
@@ -159,13 +162,28 @@ if(OET_INSTALL)
   install(FILES ${oet_installed_platform_paths} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/oKstPlatform")
   install(EXPORT oEventTrackerTargets NAMESPACE oEventTracker:: DESTINATION "${oet_package_dir}")
   configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/oEventTrackerConfig.cmake.in"
-                                "${CMAKE_BINARY_DIR}/package/oEventTrackerConfig.cmake"
+                                "${PROJECT_BINARY_DIR}/package/oEventTrackerConfig.cmake"
                                 INSTALL_DESTINATION "${oet_package_dir}")
-  write_basic_package_version_file("${CMAKE_BINARY_DIR}/package/oEventTrackerConfigVersion.cmake"
+  write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/oEventTrackerConfigVersion.cmake"
                                    COMPATIBILITY ${oet_compatibility})
-  install(FILES "${CMAKE_BINARY_DIR}/package/oEventTrackerConfig.cmake"
-                "${CMAKE_BINARY_DIR}/package/oEventTrackerConfigVersion.cmake"
+  install(FILES "${PROJECT_BINARY_DIR}/package/oEventTrackerConfig.cmake"
+                "${PROJECT_BINARY_DIR}/package/oEventTrackerConfigVersion.cmake"
           DESTINATION "${oet_package_dir}")
+
+  # pkg-config, for builds that do not use CMake: oEventTracker.pc in lib/pkgconfig, beside the CMake
+  # package. Its prefix is found from where the file is (${pcfiledir}), so the installed tree can move.
+  set(oet_pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  file(RELATIVE_PATH OET_PC_PREFIX_FROM_PCDIR "/prefix/${oet_pc_dir}" "/prefix")
+  string(REGEX REPLACE "/$" "" OET_PC_PREFIX_FROM_PCDIR "${OET_PC_PREFIX_FROM_PCDIR}")
+  foreach(kind IN ITEMS LIBDIR INCLUDEDIR)
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}}")
+      set(OET_PC_${kind} "${CMAKE_INSTALL_${kind}}")
+    else()
+      set(OET_PC_${kind} "\${prefix}/${CMAKE_INSTALL_${kind}}")
+    endif()
+  endforeach()
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/oEventTracker.pc.in" "${PROJECT_BINARY_DIR}/package/oEventTracker.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/package/oEventTracker.pc" DESTINATION "${oet_pc_dir}")
 endif()
 
 # ---- Checks run by ctest

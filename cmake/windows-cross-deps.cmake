@@ -13,7 +13,7 @@
 # Include it before the project's own warning options so that GoogleTest is built with its own.
 
 set(_oet_redirects "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}")
-set(_oet_headers "${CMAKE_BINARY_DIR}/cross-headers/include")
+set(_oet_headers "${PROJECT_BINARY_DIR}/cross-headers/include")
 
 # Makes find_package(<package>) load `body`; any requested version is accepted, since the build
 # machine's copy is the one there is.
@@ -53,7 +53,7 @@ if(OET_BUILD_TESTS)
   set(gtest_force_shared_crt ON CACHE BOOL "" FORCE)
   set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
   set(BUILD_GMOCK ON CACHE BOOL "" FORCE)
-  add_subdirectory("${OET_GOOGLETEST_SOURCE}" "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+  add_subdirectory("${OET_GOOGLETEST_SOURCE}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
   foreach(lib gtest gtest_main gmock gmock_main)
     if(NOT TARGET GTest::${lib})
       add_library(GTest::${lib} ALIAS ${lib})

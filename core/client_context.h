@@ -38,6 +38,8 @@ struct CachedText {
 inline const std::string& Utf8Of(const CachedText& text) {
   return text.utf8;
 }
+// Not for a temporary: its text would die with it.
+const std::string& Utf8Of(const CachedText&& text) = delete;
 
 // The cache's record as events read it: the sixteen wide strings of ClientContext as UTF-8, in the
 // same order, and the total RAM.

@@ -40,10 +40,6 @@ ContextList EventDraft::BasicContext(bool device_facts, size_t extra) const {
   return list;
 }
 
-void EventDraft::AttachBasicContext(bool device_facts) {
-  AttachContext(BasicContext(device_facts));
-}
-
 void EventDraft::AttachContext(ContextList&& list) {
   if (!list.empty()) AttachContextAlways(std::move(list));
 }

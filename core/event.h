@@ -104,9 +104,8 @@ class EventDraft {
   void AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking);
   // The basic context list: entities 170, 159 and 169, each only when the host gives it. With
   // `device_facts`, entity 159 is filled from the client-context cache through its DeviceInfo.
-  // BasicContext builds it for events that append entities of their own (`extra`: how many).
+  // `extra`: how many entities the event may append after them.
   ContextList BasicContext(bool device_facts, size_t extra = 0) const;
-  void AttachBasicContext(bool device_facts);
   // Attaches the list under 203 unless it is empty.
   void AttachContext(ContextList&& list);
   // Attaches the list under 203 whatever it holds, an empty list too.

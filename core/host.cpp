@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <string>
+#include <utility>
 
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/service_registry.h"
@@ -28,11 +29,19 @@ ICVWebServiceAPI* GetWebServiceApi() {
   return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
 }
 
-const std::string& TextOf(const Kst::CStringT<char>& text, std::string&& cut) {
-  const std::string& whole = text.str();
-  if (whole.find('\0') == std::string::npos) return whole;
-  cut = text.c_str();
-  return cut;
+HostText::HostText(const Kst::CStringT<char>& text) {
+  CutAtNul(text);
+}
+
+HostText::HostText(Kst::CStringT<char>&& text) : kept_(std::move(text)) {
+  CutAtNul(kept_);
+}
+
+void HostText::CutAtNul(const Kst::CStringT<char>& text) {
+  text_ = &text.str();
+  if (text_->find('\0') == std::string::npos) return;
+  cut_ = text.c_str();
+  text_ = &cut_;
 }
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "oKstPlatform/kst_string.h"
@@ -28,19 +29,70 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
 // goes out as the text before it (and one that starts with NUL, which the host does not call empty,
 // as the empty text).
 
-// The text of a narrow host string (UTF-8), for passing on at once: the string's own text when it holds
-// no NUL (nothing is copied), else the text before its first NUL, kept in `cut`. Either lives until the
-// end of the caller's full expression; keep a copy to hold it longer.
-const std::string& TextOf(const Kst::CStringT<char>& text, std::string&& cut = std::string());
+// The text of a narrow host string (UTF-8), as TextOf gives it: the string's own text when it holds no
+// NUL (nothing is copied), else the text before its first NUL, kept inside this object. A temporary
+// host string is moved in and kept (moved, not copied), so the text lives as long as this object
+// whatever it was made from: `const auto& t = TextOf(s);` is safe, with `s` a variable or a call's
+// result. The object is pinned (neither copied nor moved; it is returned by copy elision), and only a
+// `const std::string&` bound to a temporary HostText itself dies with it.
+class HostText {
+ public:
+  explicit HostText(const Kst::CStringT<char>& text);
+  explicit HostText(Kst::CStringT<char>&& text);
+  HostText(const HostText&) = delete;
+  HostText& operator=(const HostText&) = delete;
+
+  const std::string& str() const { return *text_; }
+  operator const std::string&() const { return *text_; }  // NOLINT(google-explicit-constructor)
+  bool empty() const { return text_->empty(); }
+
+ private:
+  // Points at the host string's own text when it holds no NUL, else at cut_.
+  void CutAtNul(const Kst::CStringT<char>& text);
+
+  Kst::CStringT<char> kept_;  // a temporary host string, moved in
+  std::string cut_;           // the text before the first NUL, when there is one
+  const std::string* text_ = nullptr;
+};
+
+inline HostText TextOf(const Kst::CStringT<char>& text) {
+  return HostText(text);
+}
+inline HostText TextOf(Kst::CStringT<char>&& text) {
+  return HostText(std::move(text));
+}
 // The text of a wide host string as UTF-8, through the host's code-page conversion.
 std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
 // `length` wide units as UTF-8, embedded NULs included (the caller has cut the text already).
 std::string ToUtf8(const wchar_t* units, int length);
-inline const std::string& Utf8Of(const Kst::CStringT<char>& text, std::string&& cut = std::string()) {
-  return TextOf(text, std::move(cut));
+inline HostText Utf8Of(const Kst::CStringT<char>& text) {
+  return TextOf(text);
+}
+inline HostText Utf8Of(Kst::CStringT<char>&& text) {
+  return TextOf(std::move(text));
 }
 inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) {
   return ToUtf8(text);
+}
+
+// Whether a value counts as not given for the set-or-clear step: an empty text, a 0 number.
+inline bool IsEmptyValue(const std::string& text) {
+  return text.empty();
+}
+template <class Number, std::enable_if_t<std::is_arithmetic_v<Number>, int> = 0>
+constexpr bool IsEmptyValue(Number value) {
+  return value == 0;
+}
+
+// The set-or-clear step of a field that has a clear operation: a value that is not given (see
+// IsEmptyValue) calls the clear operation, any other value the set operation with it.
+template <class E, class Arg, class Value>
+void SetOrClearValue(E* entity, void (E::*clear)(), void (E::*set)(Arg), const Value& value) {
+  if (IsEmptyValue(value)) {
+    (entity->*clear)();
+  } else {
+    (entity->*set)(value);
+  }
 }
 
 // The rule for string fields copied from input: an empty source clears the field, anything else sets

@@ -3,8 +3,6 @@
 #include <mutex>
 #include <utility>
 
-#include "core/event.h"
-
 namespace oet {
 namespace {
 
@@ -44,16 +42,3 @@ void ClearReportedPostMeetingStrings(uint64_t generation) {
 }
 
 }  // namespace oet
-
-namespace OrboPTPAAP {
-
-void StoreMeetingInfo4PostEvents(const PostMeetingTrackingInfo_s& info) {
-  // The copies are made before the lock is taken, so that a failed allocation leaves the kept strings
-  // as they were; nothing is thrown across the boundary.
-  oet::Guarded([&] {
-    oet::StorePostMeetingStrings(info);
-    return 1;
-  });
-}
-
-}  // namespace OrboPTPAAP

@@ -36,9 +36,11 @@ std::wstring_view VanityLabel(const Kst::CStringT<wchar_t>& url) {
 
 }  // namespace
 
-void ExtractVanityDomain(const Kst::CStringT<wchar_t>& url, Kst::CStringT<wchar_t>& result) {
-  const std::wstring_view label = VanityLabel(url);
-  result = Kst::CStringT<wchar_t>(label.data(), static_cast<int>(label.size()));
+std::string DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url) {
+  const std::wstring_view found = VanityLabel(url);
+  // Read up to a NUL, as every host string is.
+  const wchar_t* nul = std::wmemchr(found.data(), L'\0', found.size());
+  return ToUtf8(found.data(), static_cast<int>(nul != nullptr ? nul - found.data() : found.size()));
 }
 
 std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read) {
@@ -47,11 +49,7 @@ std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead rea
     if (read == WebUrlRead::kAlways) web_service.GetAccountWebUrl(0, 0);  // asked for, not needed
     return ToUtf8(label);
   }
-  const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
-  const std::wstring_view found = VanityLabel(url);
-  // Read up to a NUL, as every host string is.
-  const wchar_t* nul = std::wmemchr(found.data(), L'\0', found.size());
-  return ToUtf8(found.data(), static_cast<int>(nul != nullptr ? nul - found.data() : found.size()));
+  return DomainLabelOfUrl(web_service.GetAccountWebUrl(0, 0));
 }
 
 }  // namespace oet

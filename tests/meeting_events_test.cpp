@@ -475,20 +475,6 @@ INSTANTIATE_TEST_SUITE_P(
              (info.param.number == OrboPAAP::kNoMeetingNumber ? "None" : "42");
     });
 
-TEST_F(MeetingSide, IdentityWithoutHidingSendsTheRecordAsItIs) {
-  OrboPAAP::MeetingTrackingInfo_s tracking;
-  tracking.meeting_number = 42;
-  auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
-  oet::FillMeetingIdentity(event->Create<orbo_entity::MeetingIdentityEntity>(), tracking,
-                           oet::IdentityHiding::kOff);
-  oet::FillMeetingIdentity(nullptr, tracking, oet::IdentityHiding::kOn);  // no entity: nothing happens
-  event->Destroy();
-  EXPECT_EQ(Calls(),
-            (std::vector<std::string>{"CreateEvent -> event 1", "CreateEntity 161 -> #1",
-                                      "#1 MeetingIdentityFields.2 SetIdentityNumber 42",
-                                      "#1 MeetingIdentityFields.1 SetIdentityText \"\"", "DestroyEvent 1"}));
-}
-
 TEST_F(MeetingSide, NoticeAndClientFillTheirEntitiesAndBodies) {
   EXPECT_EQ(OrboPAAP::TrackingNoticeInteractEvent({}, {}), 1);
   EXPECT_EQ(Outcome(), "submitted 4 1");

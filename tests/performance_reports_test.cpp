@@ -154,13 +154,6 @@ INSTANTIATE_TEST_SUITE_P(
                    "|10=Example Computers|6=16"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ApmDevice, NullEntityLeavesTheClientContextAlone) {
-  const uint64_t queries = KstHost::SystemQueryCount();
-  EXPECT_EQ(oet::FillApmDeviceEntity(nullptr), 0);
-  EXPECT_EQ(host_.web_service().CallCount(97), 0);
-  EXPECT_EQ(KstHost::SystemQueryCount(), queries);
-}
-
 struct TextCase {
   const char* name;
   int (*track)();

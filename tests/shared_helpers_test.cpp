@@ -73,9 +73,7 @@ TEST_P(VanityDomain, CutsTheLabelOutOfTheUrl) {
   const DomainCase& c = GetParam();
   KstHost::SetDevelopmentUrlPredicate([&c](const Kst::CStringT<wchar_t>&) { return c.development; });
   KstHost::SetUrlUtilsPresent(c.url_utils_present);
-  Kst::CStringT<wchar_t> label = L"previous";
-  oet::ExtractVanityDomain(Kst::Utf8ToWide(Expand(c.url)), label);
-  EXPECT_EQ(Kst::WideToUtf8(label), Expand(c.label)) << c.url;
+  EXPECT_EQ(oet::DomainLabelOfUrl(Kst::Utf8ToWide(Expand(c.url))), Expand(c.label)) << c.url;
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -79,7 +79,7 @@ class NulRuleTest : public testing::TestWithParam<NulCase> {};
 
 TEST_P(NulRuleTest, NarrowAndWideCutAtTheFirstNul) {
   const NulCase& c = GetParam();
-  EXPECT_EQ(oet::TextOf(Kst::CStringT<char>(c.utf8.data(), static_cast<int>(c.utf8.size()))), c.sent);
+  EXPECT_EQ(oet::TextOf(Kst::CStringT<char>(c.utf8.data(), static_cast<int>(c.utf8.size()))).str(), c.sent);
   EXPECT_EQ(oet::ToUtf8(Kst::Utf8ToWide(c.utf8)), c.sent);
 }
 

@@ -13,19 +13,10 @@ namespace {
 
 using orbo_entity::BasicInteractionEntity;
 
-// The context list both events start with: 170, 159 and 169 without fields, each when the host gives it.
-oet::ContextList BasicInMeetingContext(const oet::EventDraft& event) {
-  oet::ContextList list(5);
-  list.Add(event.Create<orbo_entity::BasicContextEntity170>());
-  list.Add(event.Create<orbo_entity::BasicDeviceContextEntity>());
-  list.Add(event.Create<orbo_entity::BasicContextEntity169>());
-  return list;
-}
-
 orbo_entity::MeetingIdentityEntity* HiddenIdentity(const oet::EventDraft& event,
                                                    const MeetingTrackingInfo_s& tracking) {
   auto* identity = event.Create<orbo_entity::MeetingIdentityEntity>();
-  oet::FillMeetingIdentity(identity, tracking, oet::IdentityHiding::kOn);
+  oet::FillMeetingIdentity(identity, tracking);
   return identity;
 }
 
@@ -35,7 +26,7 @@ int TrackingNoticeInteractEvent(const MeetingTrackingInfo_s& tracking, const ONo
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList list = BasicInMeetingContext(*event);
+    oet::ContextList list = event->BasicContext(false, 2);  // 170, 159, 169 without fields
     auto* notice = event->Create<orbo_entity::NoticeEntity>();
     if (notice != nullptr) {
       notice->SetNoticeText1(oet::TextOf(info.notice_text2));  // operation 8
@@ -65,7 +56,7 @@ int TrackingClientInteractEvent(const MeetingTrackingInfo_s& tracking, const OCl
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList list = BasicInMeetingContext(*event);
+    oet::ContextList list = event->BasicContext(false, 2);  // 170, 159, 169 without fields
     list.Add(HiddenIdentity(*event, tracking));
     auto* product = event->Create<orbo_entity::ProductStringEntity>();
     if (product != nullptr) {

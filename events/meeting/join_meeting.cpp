@@ -7,6 +7,7 @@
 #include "core/context_entities.h"
 #include "core/event.h"
 #include "core/host.h"
+#include "core/pieces.h"
 #include "core/vocabulary.h"
 #include "oEventTracker/PTJoinMeetingPAAP.h"
 
@@ -32,30 +33,25 @@ struct JoinMeetingPieces {
 JoinMeetingPieces ReadPieces(const Kst::CStringT<char>& text) {
   JoinMeetingPieces pieces;
   const std::string_view bytes(text.c_str());  // up to the first NUL, as every host string is read
-  size_t start = 0;
-  for (; pieces.reached < kPiecesRead && start < bytes.size(); ++pieces.reached) {
-    const size_t separator = bytes.find(kSeparator, start);
-    const size_t end = separator == std::string_view::npos ? bytes.size() : separator;
-    Kst::CStringT<char> piece(std::string(bytes.substr(start, end - start)));  // any length
-    piece.Trim();
-    start = separator == std::string_view::npos ? bytes.size() : separator + 1;
-    switch (pieces.reached) {
-      case 0:
-        pieces.interaction_word = std::move(piece);
-        break;
-      case 1:
-        pieces.action_word = std::move(piece);
-        break;
-      case 2:
-        pieces.first_flag = piece == "1" ? 1 : 0;
-        break;
-      case 3:
-        pieces.second_flag = piece == "1" ? 1 : 0;
-        break;
-      default:
-        break;  // pieces 5 and 6 carry nothing the reader keeps
-    }
-  }
+  pieces.reached =
+      oet::ForEachTrimmedPiece(bytes, kSeparator, kPiecesRead, [&](int index, std::string_view piece) {
+        switch (index) {
+          case 0:
+            pieces.interaction_word = Kst::CStringT<char>(std::string(piece));  // any length
+            break;
+          case 1:
+            pieces.action_word = Kst::CStringT<char>(std::string(piece));
+            break;
+          case 2:
+            pieces.first_flag = piece == "1" ? 1 : 0;
+            break;
+          case 3:
+            pieces.second_flag = piece == "1" ? 1 : 0;
+            break;
+          default:
+            break;  // pieces 5 and 6 carry nothing the reader keeps
+        }
+      });
   return pieces;
 }
 

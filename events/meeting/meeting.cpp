@@ -188,12 +188,8 @@ void FillMeetingBody(MeetingBodyEntity& body, const MeetingTrackingInfo_s& track
   if (!info.label.IsEmpty()) body.SetMeetingText(oet::ToUtf8(info.label));  // an empty label leaves it alone
   body.SetMeetingFlag(info.body_flag != 0);
   if (tracking.body_number != 0) body.SetMeetingNumber(tracking.body_number);
-  const std::string start = oet::FormatUtcTimestamp(tracking.start_time);
-  if (start.empty()) {
-    body.ClearStartTime();
-  } else {
-    body.SetStartTime(start);
-  }
+  oet::SetOrClearValue(&body, &MeetingBodyEntity::ClearStartTime, &MeetingBodyEntity::SetStartTime,
+                       oet::FormatUtcTimestamp(tracking.start_time));  // a zero time clears it
 }
 
 }  // namespace

@@ -8,14 +8,9 @@
 namespace oet {
 
 void FillMeetingIdentity(orbo_entity::MeetingIdentityFields* identity,
-                         const OrboPAAP::MeetingTrackingInfo_s& tracking, IdentityHiding hiding) {
+                         const OrboPAAP::MeetingTrackingInfo_s& tracking) {
   if (identity == nullptr) return;
-  const bool hide = hiding == IdentityHiding::kOn;
-  identity->SetIdentityNumber(hide ? OrboPAAP::kNoMeetingNumber : tracking.meeting_number);
-  if (!hide) {
-    identity->SetIdentityText(TextOf(tracking.meeting_id));
-    return;
-  }
+  identity->SetIdentityNumber(OrboPAAP::kNoMeetingNumber);
   if (tracking.meeting_id.IsEmpty() && tracking.meeting_number != OrboPAAP::kNoMeetingNumber) {
     const Kst::CStringT<char> number(std::to_string(tracking.meeting_number));
     identity->SetIdentityText(TextOf(MapIdToShortKey(number)));

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/event.h"
-#include "events/performance/oui_body.h"
+#include "core/oui_body.h"
 #include "oEventTracker/OrboPAAP.h"
 
 namespace OrboPAAP {

@@ -8,6 +8,7 @@
 
 #include "core/event.h"
 #include "core/host.h"
+#include "core/pieces.h"
 #include "oEventTracker/OrboSettingPAAP.h"
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/kst_number.h"
@@ -45,20 +46,6 @@ int32_t CodeOf(std::wstring_view piece) {
   return static_cast<int32_t>(value);
 }
 
-// The piece without the blanks at either end, as the host string's Trim takes them off.
-std::wstring_view Trimmed(std::wstring_view piece) {
-  const auto blank = [](wchar_t c) {
-    return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n' || c == L'\v' || c == L'\f';
-  };
-  size_t end = piece.size();
-  while (end > 0 && blank(piece[end - 1]))
-    --end;
-  size_t begin = 0;
-  while (begin < end && blank(piece[begin]))
-    ++begin;
-  return piece.substr(begin, end - begin);
-}
-
 // Converts the text to wide text once (on the stack when it is short) and reads the pieces as views
 // into it; only the text piece is converted back.
 SettingPieces ReadPieces(const char* utf8, size_t length) {
@@ -76,18 +63,14 @@ SettingPieces ReadPieces(const char* utf8, size_t length) {
   const int units = kst_str_convert(KST_CP_UTF8, utf8, bytes, buffer, bytes + 1);
   const std::wstring_view wide(buffer, static_cast<size_t>(units > 0 ? units : 0));
 
-  size_t start = 0;
-  for (; pieces.reached < kPiecesRead && start < wide.size(); ++pieces.reached) {
-    const size_t separator = wide.find(kWideSeparator, start);
-    const size_t end = separator == std::wstring_view::npos ? wide.size() : separator;
-    const std::wstring_view piece = Trimmed(wide.substr(start, end - start));
-    start = separator == std::wstring_view::npos ? wide.size() : separator + 1;
-    if (pieces.reached < kCodes) {
-      pieces.codes[pieces.reached] = CodeOf(piece);
-    } else {
-      pieces.text = oet::ToUtf8(piece.data(), static_cast<int>(piece.size()));
-    }
-  }
+  pieces.reached =
+      oet::ForEachTrimmedPiece(wide, kWideSeparator, kPiecesRead, [&](int index, std::wstring_view piece) {
+        if (index < kCodes) {
+          pieces.codes[index] = CodeOf(piece);
+        } else {
+          pieces.text = oet::ToUtf8(piece.data(), static_cast<int>(piece.size()));
+        }
+      });
   return pieces;
 }
 

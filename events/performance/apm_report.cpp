@@ -8,23 +8,25 @@ namespace oet {
 
 using orbo_entity::ApmDeviceEntity;
 
-int FillApmDeviceEntity(ApmDeviceEntity* entity) {
-  if (entity == nullptr) return 0;
+namespace {
+
+void FillApmDeviceEntity(ApmDeviceEntity& entity) {
   const ClientFactsView facts = RefreshedClientFacts();
-  FillDeviceContext(*entity, *facts);
-  SetUnlessEmpty(entity, &ApmDeviceEntity::SetCpuName, facts->cpu_name);
-  SetUnlessEmpty(entity, &ApmDeviceEntity::SetGpuModel, facts->gpu_model);
-  SetUnlessEmpty(entity, &ApmDeviceEntity::SetResolution, facts->resolution);
-  SetUnlessEmpty(entity, &ApmDeviceEntity::SetManufacturer, facts->system_manufacturer);
-  if (facts->total_ram_gb > 0) entity->SetMemorySizeGb(static_cast<int64_t>(facts->total_ram_gb));
-  return 1;
+  FillDeviceContext(entity, *facts);
+  SetUnlessEmpty(&entity, &ApmDeviceEntity::SetCpuName, facts->cpu_name);
+  SetUnlessEmpty(&entity, &ApmDeviceEntity::SetGpuModel, facts->gpu_model);
+  SetUnlessEmpty(&entity, &ApmDeviceEntity::SetResolution, facts->resolution);
+  SetUnlessEmpty(&entity, &ApmDeviceEntity::SetManufacturer, facts->system_manufacturer);
+  if (facts->total_ram_gb > 0) entity.SetMemorySizeGb(static_cast<int64_t>(facts->total_ram_gb));
 }
+
+}  // namespace
 
 bool StartApmContext(const EventDraft& event, ApmDevice device, ContextList& list) {
   if (device == ApmDevice::kWith) {
     auto* entity = event.Create<ApmDeviceEntity>();
     if (entity == nullptr) return false;
-    FillApmDeviceEntity(entity);
+    FillApmDeviceEntity(*entity);
     list.Add(entity);
   }
   auto* marker = event.Create<orbo_entity::ApmReportMarkerEntity>();

@@ -36,14 +36,11 @@ inline constexpr ApmReportCode kIOSMetricKitDataReport{5, 10};
 // Whether the report carries the device entity (every report but the crash report does).
 enum class ApmDevice { kWith, kWithout };
 
-// Fills the device entity from a refreshed copy of the client-context cache: through DeviceInfo the
-// web-service value, device product, os name and os version, always; then the cpu name, gpu model,
-// resolution and manufacturer, each only when the cache holds it; then the total RAM when it is above
-// 0. Returns 0 for a null entity, without touching the cache, and 1 otherwise.
-int FillApmDeviceEntity(orbo_entity::ApmDeviceEntity* entity);
-
-// Creates the device entity (filled) when asked for and the marker, and puts them into the list.
-// False when the host gives either of them not.
+// Creates the device entity when asked for and the marker, and puts them into the list; false when the
+// host gives either of them not. The device entity is filled from a refreshed copy of the
+// client-context cache: through DeviceInfo the web-service value, device product, os name and os
+// version, always; then the cpu name, gpu model, resolution and manufacturer, each only when the cache
+// holds it; then the total RAM when it is above 0.
 bool StartApmContext(const EventDraft& event, ApmDevice device, ContextList& list);
 
 // Attaches the list, creates the header, sets its category and code, attaches it and submits. When

@@ -15,6 +15,7 @@ namespace {
 using namespace orbo_entity;
 using oet::EventDraft;
 using oet::SetOrClear;
+using oet::SetOrClearValue;  // numbers: 0 clears
 using oet::ToUtf8;
 
 // The interaction ids these events know by number.
@@ -29,16 +30,6 @@ constexpr int32_t kLastE2EDecodeInteraction = 184;
 oet::RateLimitTable<int32_t, 1> g_message_module_limit(kMessageModuleLimitKey);
 oet::RateLimitTable<int32_t, 1> g_database_limit(165);
 oet::RateLimitTable<int32_t, 3> g_e2e_decode_limits(182, 183, 184);
-
-// A 64-bit field with a clear operation: 0 clears it.
-template <class E>
-void SetOrClearNumber(E* entity, void (E::*clear)(), void (E::*set)(int64_t), int64_t value) {
-  if (value == 0) {
-    (entity->*clear)();
-  } else {
-    (entity->*set)(value);
-  }
-}
 
 // What every chat-module event does after its gate: the client-context cache, the web service and the
 // telemetry service, then the context list (the tracking info only when `tracking` is given; the body
@@ -111,19 +102,19 @@ ChatDBInteractEntity* BuildDatabaseBody(const EventDraft& event, const ChatDBInt
   body->SetField2(info.field2.IsEmpty() ? std::string("unknown") : ToUtf8(info.field2));
   SetOrClear(body, &E::ClearField3, &E::SetField3, info.field3);
   body->SetField4(info.field4 == 0 ? 6 : info.field4);
-  SetOrClearNumber(body, &E::ClearField14, &E::SetField14, info.field14);
-  SetOrClearNumber(body, &E::ClearField15, &E::SetField15, info.field15);
-  SetOrClearNumber(body, &E::ClearField16, &E::SetField16, info.field16);
-  SetOrClearNumber(body, &E::ClearField17, &E::SetField17, info.field17);
-  SetOrClearNumber(body, &E::ClearField5, &E::SetField5, info.field5);
-  SetOrClearNumber(body, &E::ClearField6, &E::SetField6, info.field6);
-  SetOrClearNumber(body, &E::ClearField7, &E::SetField7, info.field7);
-  SetOrClearNumber(body, &E::ClearField8, &E::SetField8, info.field8);
-  SetOrClearNumber(body, &E::ClearField9, &E::SetField9, info.field9);
-  SetOrClearNumber(body, &E::ClearField10, &E::SetField10, info.field10);
-  SetOrClearNumber(body, &E::ClearField11, &E::SetField11, info.field11);
-  SetOrClearNumber(body, &E::ClearField12, &E::SetField12, info.field12);
-  SetOrClearNumber(body, &E::ClearField13, &E::SetField13, info.field13);
+  SetOrClearValue(body, &E::ClearField14, &E::SetField14, info.field14);
+  SetOrClearValue(body, &E::ClearField15, &E::SetField15, info.field15);
+  SetOrClearValue(body, &E::ClearField16, &E::SetField16, info.field16);
+  SetOrClearValue(body, &E::ClearField17, &E::SetField17, info.field17);
+  SetOrClearValue(body, &E::ClearField5, &E::SetField5, info.field5);
+  SetOrClearValue(body, &E::ClearField6, &E::SetField6, info.field6);
+  SetOrClearValue(body, &E::ClearField7, &E::SetField7, info.field7);
+  SetOrClearValue(body, &E::ClearField8, &E::SetField8, info.field8);
+  SetOrClearValue(body, &E::ClearField9, &E::SetField9, info.field9);
+  SetOrClearValue(body, &E::ClearField10, &E::SetField10, info.field10);
+  SetOrClearValue(body, &E::ClearField11, &E::SetField11, info.field11);
+  SetOrClearValue(body, &E::ClearField12, &E::SetField12, info.field12);
+  SetOrClearValue(body, &E::ClearField13, &E::SetField13, info.field13);
   return body;
 }
 
@@ -138,7 +129,7 @@ ChatFileTransferInteractEntity* BuildFileTransferBody(const EventDraft& event,
   SetOrClear(body, &E::ClearField4, &E::SetField4, info.field4);
   oet::SetUnlessEmpty(body, &E::SetField5, info.field5);
   body->SetField6(info.field6 != 0);
-  SetOrClearNumber(body, &E::ClearField7, &E::SetField7, info.field7);
+  SetOrClearValue(body, &E::ClearField7, &E::SetField7, info.field7);
   body->SetField8(info.field8);
   SetOrClear(body, &E::ClearField9, &E::SetField9, info.field9);
   body->SetField10(info.field10 != 0);
@@ -158,7 +149,7 @@ ChatFileTransferInteractEntity* BuildFileTransferBody(const EventDraft& event,
   SetOrClear(body, &E::ClearField24, &E::SetField24, info.field24);
   SetOrClear(body, &E::ClearField25, &E::SetField25, info.field25);
   body->SetField26(info.field26);
-  SetOrClearNumber(body, &E::ClearField27, &E::SetField27, info.field27);
+  SetOrClearValue(body, &E::ClearField27, &E::SetField27, info.field27);
   body->SetField28(info.field28 != 0);
   body->SetField29(info.field29 != 0);
   SetOrClear(body, &E::ClearField30, &E::SetField30, info.field30);
@@ -166,8 +157,8 @@ ChatFileTransferInteractEntity* BuildFileTransferBody(const EventDraft& event,
   body->SetField32(info.field32);
   body->SetField33(info.field33 != 0);
   SetOrClear(body, &E::ClearField34, &E::SetField34, info.field34);
-  SetOrClearNumber(body, &E::ClearField35, &E::SetField35, info.field35);
-  SetOrClearNumber(body, &E::ClearField36, &E::SetField36, info.field36);
+  SetOrClearValue(body, &E::ClearField35, &E::SetField35, info.field35);
+  SetOrClearValue(body, &E::ClearField36, &E::SetField36, info.field36);
   body->SetField37(info.field37);
   SetOrClear(body, &E::ClearField38, &E::SetField38, info.field38);  // cleared by operation 19
   body->SetField39(info.field39);

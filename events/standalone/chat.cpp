@@ -160,11 +160,7 @@ void FillChatBody(ChatBodyEntity& body, const ChatInteractInfo_s& info) {
   body.SetValueC(info.value_c);
   oet::SetOrClear(&body, &ChatBodyEntity::ClearText1, &ChatBodyEntity::SetText1, info.text1);
   oet::SetOrClear(&body, &ChatBodyEntity::ClearText2, &ChatBodyEntity::SetText2, info.text2);
-  if (info.number == 0) {
-    body.ClearNumber();
-  } else {
-    body.SetNumber(info.number);
-  }
+  oet::SetOrClearValue(&body, &ChatBodyEntity::ClearNumber, &ChatBodyEntity::SetNumber, info.number);
 }
 
 }  // namespace

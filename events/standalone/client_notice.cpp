@@ -7,15 +7,13 @@
 #include "core/event.h"
 #include "core/host.h"
 #include "core/short_key.h"
+#include "oEventTracker/OrboPAAP/tracking.h"
 #include "oEventTracker/OrboPTPAAP.h"
 
 namespace OrboPTPAAP {
 namespace {
 
 using namespace orbo_entity;
-
-// The meeting-identity number that stands for no meeting.
-constexpr uint64_t kNoMeetingNumber = ~uint64_t{0};
 
 // The action class of an action code: 93 gives 3, 94 and 95 give 1; other codes set none.
 void SetActionClass(InteractionClassFields& fields, int32_t action_code) {
@@ -64,7 +62,7 @@ int TrackingClientInteractEvent(const PTTrackingInfo_s& tracking, const OClientI
     auto* identity = event.Create<MeetingIdentityEntity>();
     if (identity != nullptr) {
       MeetingIdentityFields& fields = *identity;
-      fields.SetIdentityNumber(kNoMeetingNumber);
+      fields.SetIdentityNumber(OrboPAAP::kNoMeetingNumber);
       fields.SetIdentityText(info.product_info.domain);
     }
     list.AddSlot(identity);

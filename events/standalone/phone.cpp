@@ -15,17 +15,6 @@ namespace {
 
 using namespace orbo_entity;
 
-// A time's text, or a clear of its field when the time is not given.
-void SetTimeOrClear(CallDetailEntity* detail, void (CallDetailEntity::*clear)(),
-                    void (CallDetailEntity::*set)(const std::string&), const Kst::Time& time) {
-  const std::string text = oet::FormatUtcTimestamp(time);
-  if (text.empty()) {
-    (detail->*clear)();
-  } else {
-    (detail->*set)(text);
-  }
-}
-
 // Entities 369, 376 and 377 are required of the host. Should it still answer null, the entity is left
 // out of the list rather than used: the library runs inside the client's process and must not crash
 // it. Entity 354 keeps its place in the list as a null entry instead, as the back end expects.
@@ -35,8 +24,11 @@ CallDetailEntity* BuildCallDetail(const oet::EventDraft& event, const PhoneInter
   detail->SetCallText2(oet::ToUtf8(info.call_text2));
   detail->SetCallText1(oet::ToUtf8(info.call_text1));
   detail->SetDirection(oet::CallDirectionToString(info.direction));
-  SetTimeOrClear(detail, &CallDetailEntity::ClearTime1, &CallDetailEntity::SetTime1, info.time1);
-  SetTimeOrClear(detail, &CallDetailEntity::ClearTime2, &CallDetailEntity::SetTime2, info.time2);
+  // A time not given (zero) clears its field.
+  oet::SetOrClearValue(detail, &CallDetailEntity::ClearTime1, &CallDetailEntity::SetTime1,
+                       oet::FormatUtcTimestamp(info.time1));
+  oet::SetOrClearValue(detail, &CallDetailEntity::ClearTime2, &CallDetailEntity::SetTime2,
+                       oet::FormatUtcTimestamp(info.time2));
   return detail;
 }
 

@@ -1,5 +1,6 @@
-// The post-meeting survey event: the survey body (288) alone, from the kept meeting strings and the
-// client context, sent only while a meeting is kept; the meeting texts it reported are emptied after.
+// The post-meeting family: the store of the ended meeting's strings, and the survey event, whose body
+// (288) alone is sent from the kept meeting strings and the client context, only while a meeting is
+// kept; the meeting texts it reported are emptied after.
 #include "core/client_context.h"
 #include "core/event.h"
 #include "core/host.h"
@@ -8,6 +9,15 @@
 #include "oEventTracker/OrboPTPAAP.h"
 
 namespace OrboPTPAAP {
+
+void StoreMeetingInfo4PostEvents(const PostMeetingTrackingInfo_s& info) {
+  // The copies are made before the lock is taken, so that a failed allocation leaves the kept strings
+  // as they were; nothing is thrown across the boundary.
+  oet::Guarded([&] {
+    oet::StorePostMeetingStrings(info);
+    return 1;
+  });
+}
 
 int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
   return oet::Guarded([&] {

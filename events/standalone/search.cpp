@@ -34,16 +34,6 @@ std::string SelectedTabWord(int32_t value) {
   return value >= 0 && value <= 9 ? std::string(1, static_cast<char>('0' + value)) : std::string();
 }
 
-void SetSectionsOrClear(SearchDisplayEntity* body, void (SearchDisplayEntity::*clear)(),
-                        void (SearchDisplayEntity::*set)(const std::string&),
-                        const std::vector<SearchSectionEntry_s>& entries) {
-  if (entries.empty()) {
-    (body->*clear)();
-  } else {
-    (body->*set)(SectionsText(entries));
-  }
-}
-
 SearchContextEntity* BuildSearchContext(const EventDraft& event, const SearchInteractInfo_s& info) {
   auto* context = event.Create<SearchContextEntity>();
   if (context == nullptr) return nullptr;
@@ -74,12 +64,13 @@ SearchDisplayEntity* BuildDisplayBody(const EventDraft& event, const SearchInter
   body->SetTextB(oet::TextOf(info.text_b));
   body->SetCountA(info.count_a);
   body->SetCountB(info.count_b);
-  SetSectionsOrClear(body, &SearchDisplayEntity::ClearFirstResults, &SearchDisplayEntity::SetFirstResults,
-                     info.first_results);
-  SetSectionsOrClear(body, &SearchDisplayEntity::ClearSecondResults, &SearchDisplayEntity::SetSecondResults,
-                     info.second_results);
-  SetSectionsOrClear(body, &SearchDisplayEntity::ClearThirdResults, &SearchDisplayEntity::SetThirdResults,
-                     info.third_results);
+  // No entries give the empty text, which clears the field.
+  oet::SetOrClearValue(body, &SearchDisplayEntity::ClearFirstResults, &SearchDisplayEntity::SetFirstResults,
+                       SectionsText(info.first_results));
+  oet::SetOrClearValue(body, &SearchDisplayEntity::ClearSecondResults, &SearchDisplayEntity::SetSecondResults,
+                       SectionsText(info.second_results));
+  oet::SetOrClearValue(body, &SearchDisplayEntity::ClearThirdResults, &SearchDisplayEntity::SetThirdResults,
+                       SectionsText(info.third_results));
   oet::SetOrClear(body, &SearchDisplayEntity::ClearTextD, &SearchDisplayEntity::SetTextD, info.text_d);
   oet::SetOrClear(body, &SearchDisplayEntity::ClearTextE, &SearchDisplayEntity::SetTextE, info.text_e);
   body->SetSelectedTab(SelectedTabWord(info.selected_tab));

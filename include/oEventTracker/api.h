@@ -6,10 +6,10 @@
 //     (dllexport) or given default visibility in the .so;
 //   - using the shared library (nothing defined, what every client sees): imported from the DLL
 //     (dllimport) or default visibility;
-//   - the static build of the same code that the unit tests link (OET_STATIC, set by the build for
-//     oet_static and its users): nothing, so the functions stay hidden and no program that links the
-//     static library exports them. The installed package has no static library; clients never define
-//     OET_STATIC.
+//   - the library's objects linked straight into a program, as the unit tests link them (OET_STATIC,
+//     set by the build for the users of oet_static): nothing, so that calls bind to the linked-in
+//     definitions instead of a DLL import. The installed package has no static library; clients never
+//     define OET_STATIC.
 #pragma once
 
 #include "oEventTracker/version.h"
@@ -22,6 +22,8 @@
 #else
 #define OET_API __declspec(dllimport)
 #endif
-#else
+#elif defined(__GNUC__) || defined(__clang__)
 #define OET_API __attribute__((visibility("default")))
+#else
+#define OET_API
 #endif

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
 #include "tools/replay/exports.h"

@@ -27,7 +27,9 @@ struct MeetingInteractInfo_s {
 // A meeting interaction: context entities 283 (client), 304 (tracking values) and 297, attached only
 // when the host gives all three; body 289 with the feature name "meeting". Needs the web service and
 // the telemetry service. Returns 0, and destroys the event it had created, when a key value (1, 2, 3
-// or 5) is 0 or while the client context has never been filled by the web service.
+// or 5) is 0 or while no refresh of the client context has reached the web service (its os name is
+// still empty). A client context that the web service was asked to fill but left with an empty
+// web-service value is sent as it is, with that value empty.
 OET_API int TrackingMeetingInteractEvent(const PTTrackingInfo_s& tracking, const MeetingInteractInfo_s& info);
 
 }  // namespace OrboPTPAAP

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <string>
 
+#include "oKstPlatform/kst_reserved.h"
+
 namespace orbo_entity {
 
 // An entity's attribute holder: a value the telemetry service keeps beside an entity's fields for
@@ -71,8 +73,7 @@ constexpr bool Consecutive(const int (&numbers)[N]) {
     static constexpr int32_t kTypeId = TypeId;                    \
     static constexpr char kName[] = #Name;
 #define KST_OP(Name, N, Kind, OpName) virtual void OpName KST_SIGNATURE_##Kind = 0;
-#define KST_RESERVED(Name, N) \
-  virtual void ReservedOp##N() {}
+#define KST_RESERVED(Name, N) KST_RESERVED_OP(N)
 #define KST_END(Name) \
  protected:           \
   ~Name() = default;  \

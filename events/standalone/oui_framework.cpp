@@ -5,8 +5,8 @@
 #include "core/client_context.h"
 #include "core/event.h"
 #include "core/host.h"
+#include "core/oui_body.h"
 #include "core/vanity_domain.h"
-#include "events/performance/oui_body.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "oKstPlatform/system_info.h"
 
