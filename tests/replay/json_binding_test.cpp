@@ -274,8 +274,8 @@ TEST(ExportTest, RejectsUnknownArgumentsAndRunsNothing) {
 }
 
 // The event catalog calls every export with sample records: each export's canonical record must read
-// back without a problem, and every member must be listed once (a member type without a Sample in
-// its codec would give null here and fail to read).
+// back without a problem, and every member must be listed once (a member type without a Sampler
+// would give null here and fail to read).
 TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
   for (const auto& entry : Exports()) {
     SampleBuilder samples(3);
@@ -293,7 +293,7 @@ TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
 
 TEST(SampleTest, GivesEveryMemberADistinctCanonicalValueAndTheValuesToTry) {
   SampleBuilder samples(2);
-  const Json canonical = Codec<Outer>::Sample(samples, "o", "o");
+  const Json canonical = Sampler<Outer>::Sample(samples, "o", "o");
   EXPECT_EQ(
       canonical.dump(),
       R"({"mode":1,"items":[{"n":2,"label":"o.items[0].label"},{"n":4,"label":"o.items[1].label"}],)"

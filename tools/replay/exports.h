@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "tools/replay/json_binding.h"
+#include "tools/replay/record_samples.h"
 
 namespace oet_replay {
 
@@ -150,7 +151,7 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
                                                   : "";
   entry.sample = [names](SampleBuilder& samples) {
     Json arguments = Json::object();
-    ((arguments[names[I]] = Codec<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
+    ((arguments[names[I]] = Sampler<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
     return arguments;
   };
   const std::string export_name = entry.name;
