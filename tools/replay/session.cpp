@@ -50,11 +50,9 @@ Step ReadStep(const std::string& text, Issues& issues) {
     issues.AddField("note", Shown(line["note"]) + " is not a string");
   step.name = name.get<std::string>();
   if (is_call) {
-    const ExportEntry* entry = FindExport(step.name);
-    if (entry == nullptr) {
-      issues.AddField(key, "unknown export \"" + step.name + "\"");
-      return step;
-    }
+    const ExportEntry* entry = ResolveExport(step.name, line, issues);
+    if (entry == nullptr) return step;
+    step.name = entry->name;  // an overload by its full name
     step.call = entry->prepare(line, issues);
   } else {
     const DirectiveEntry* entry = FindDirective(step.name);

@@ -24,7 +24,7 @@ std::string CallLine(int line, const std::string& head, const Json& note) {
 
 // Every member of a filled record as `path = value`, nested records flattened with dots.
 void FilledMembers(const Json& value, const std::string& path, int depth, std::string& out) {
-  if (value.is_object() && !value.empty()) {
+  if (value.is_object() && !value.empty() && !IsTextForm(value)) {
     for (auto it = value.begin(); it != value.end(); ++it)
       FilledMembers(*it, MemberPath(path, it.key()), depth, out);
     return;
