@@ -41,11 +41,32 @@ enum class ApmDevice { kWith, kWithout };
 // client-context cache: through DeviceInfo the web-service value, device product, os name and os
 // version, always; then the cpu name, gpu model, resolution and manufacturer, each only when the cache
 // holds it; then the total RAM when it is above 0.
-bool StartApmContext(const EventDraft& event, ApmDevice device, ContextList& list);
+// (Inlined into every report with its constant arguments, as are FinishApmReport and the skeleton.)
+void FillApmDeviceEntity(orbo_entity::ApmDeviceEntity& entity);
+inline bool StartApmContext(const EventDraft& event, ApmDevice device, ContextList& list) {
+  if (device == ApmDevice::kWith) {
+    auto* entity = event.Create<orbo_entity::ApmDeviceEntity>();
+    if (entity == nullptr) return false;
+    FillApmDeviceEntity(*entity);
+    list.Add(entity);
+  }
+  auto* marker = event.Create<orbo_entity::ApmReportMarkerEntity>();
+  if (marker == nullptr) return false;
+  list.Add(marker);
+  return true;
+}
 
 // Attaches the list, creates the header, sets its category and code, attaches it and submits. When
 // the host gives no header, the event is destroyed and the result is 0.
-int FinishApmReport(EventDraft& event, ContextList&& list, ApmReportCode code);
+inline int FinishApmReport(EventDraft& event, ContextList&& list, ApmReportCode code) {
+  event.AttachContextAlways(std::move(list));
+  auto* header = event.Create<orbo_entity::ApmReportHeaderEntity>();
+  if (header == nullptr) return event.Destroy();
+  header->SetReportCategory(code.category);
+  header->SetReportCode(code.code);
+  event.AttachBody(header);
+  return event.Submit(kStandaloneCodes);
+}
 
 // The report skeleton. `add(event, list)` creates the report's own entities and appends them to the
 // list (`entries`: at most how many); it returns false when a required entity is missing, which
