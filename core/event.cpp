@@ -26,10 +26,6 @@ ContextList EventDraft::CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracki
   return list;
 }
 
-void EventDraft::AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
-  AttachContextAlways(CommonContext(tracking));
-}
-
 ContextList EventDraft::BasicContext(bool device_facts, size_t extra) const {
   ContextList list(3 + extra);
   list.Add(Create<orbo_entity::BasicContextEntity170>());

@@ -101,7 +101,9 @@ class EventDraft {
   // order, null slots kept. CommonContext builds it for events that append entities of their own
   // (`extra`: how many they may append).
   ContextList CommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking, size_t extra = 0) const;
-  void AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking);
+  void AttachCommonContext(const OrboPTPAAP::PTTrackingInfo_s& tracking) {
+    AttachContextAlways(CommonContext(tracking));
+  }
   // The basic context list: entities 170, 159 and 169, each only when the host gives it. With
   // `device_facts`, entity 159 is filled from the client-context cache through its DeviceInfo.
   // `extra`: how many entities the event may append after them.

@@ -11,7 +11,12 @@
 namespace oet {
 namespace {
 
-void* LookUpService(const char* module_name, const char* class_string) {
+// Written into each of the two lookups, so that a lookup is one call deep.
+#if defined(__GNUC__)
+__attribute__((always_inline))
+#endif
+inline void*
+LookUpService(const char* module_name, const char* class_string) {
   IServiceRegistry* registry = KstMQ_GetService();
   if (registry == nullptr) return nullptr;
   IServiceModule* module = registry->GetModule(module_name);
