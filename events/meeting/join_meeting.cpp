@@ -69,28 +69,29 @@ void ReadInto(Kst::CStringT<char>& interaction_word, Kst::CStringT<char>& action
 }  // namespace
 
 Kst::CStringT<char> FormatJoinMeetingInteractInfoAsString(const PTJoinMeetingInteractInfo_s& info) {
-  try {
-    std::string text = oet::JoinMeetingInteractionToString(info.interaction_type);
-    text += kSeparator;
-    text += oet::JoinScreenActionToString(info.join_screen_action);
-    text += kSeparator;
-    text += info.first_flag != 0 ? '1' : '0';
-    text += kSeparator;
-    text += info.second_flag != 0 ? '1' : '0';
-    return Kst::CStringT<char>(text);
-  } catch (...) {
-    return Kst::CStringT<char>();  // only when memory runs out
-  }
+  // The empty text only when memory runs out.
+  return oet::Guarded(
+      [&] {
+        std::string text = oet::JoinMeetingInteractionToString(info.interaction_type);
+        text += kSeparator;
+        text += oet::JoinScreenActionToString(info.join_screen_action);
+        text += kSeparator;
+        text += info.first_flag != 0 ? '1' : '0';
+        text += kSeparator;
+        text += info.second_flag != 0 ? '1' : '0';
+        return Kst::CStringT<char>(text);
+      },
+      Kst::CStringT<char>());
 }
 
 void ParseJoinMeetingInterfactInfoFromString(Kst::CStringT<char>& interaction_word,
                                              Kst::CStringT<char>& action_word, int& first_flag,
                                              int& second_flag, const Kst::CStringT<char>& text) {
-  try {
+  // Should memory run out while reading, the outputs are left as the caller had them.
+  oet::Guarded([&] {
     ReadInto(interaction_word, action_word, first_flag, second_flag, text);
-  } catch (...) {
-    // Memory ran out while reading: the outputs are left as the caller had them.
-  }
+    return 0;
+  });
 }
 
 int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,

@@ -99,26 +99,27 @@ void ReadInto(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
 }  // namespace
 
 Kst::CStringT<char> FormatSettingInteractInfoAsString(const SettingInteractInfo_s& info) {
-  try {
-    std::string text;
-    for (const int32_t code :
-         {info.first_code, info.second_code, info.third_code, info.fourth_code, info.fifth_code}) {
-      text += std::to_string(code);
-      text += kSeparator;
-    }
-    text += info.text.c_str();  // up to its first NUL
-    return Kst::CStringT<char>(text);
-  } catch (...) {
-    return Kst::CStringT<char>();  // only when memory runs out
-  }
+  // The empty text only when memory runs out.
+  return oet::Guarded(
+      [&] {
+        std::string text;
+        for (const int32_t code :
+             {info.first_code, info.second_code, info.third_code, info.fourth_code, info.fifth_code}) {
+          text += std::to_string(code);
+          text += kSeparator;
+        }
+        text += info.text.c_str();  // up to its first NUL
+        return Kst::CStringT<char>(text);
+      },
+      Kst::CStringT<char>());
 }
 
 void ParseSettingInterfactInfoFromString(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
-  try {
+  // Should memory run out while reading, the record is left as it was.
+  oet::Guarded([&] {
     ReadInto(info, text);
-  } catch (...) {
-    // Memory ran out while reading: the record is left as it was.
-  }
+    return 0;
+  });
 }
 
 int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingTrackingInfo_s& tracking) {
