@@ -36,7 +36,7 @@
 #include "bench/alloc_counter.h"
 #include "bench/floor_table.h"
 #include "bench/noop_host.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "tools/replay/catalog.h"
 #include "tools/replay/exports.h"
 #include "tools/replay/json_binding.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "bench/noop_host.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 
 namespace oet_bench {
 

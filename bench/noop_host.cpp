@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "oKstPlatform/entities.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/telemetry_api.h"

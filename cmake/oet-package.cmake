@@ -6,7 +6,7 @@
 #   VERSION and SOVERSION (the Linux SONAME), the Windows DLLs their version resource and the package
 #   its version file.
 # - The public headers are every header in include/oEventTracker/ and its subfolders, plus the
-#   platform headers that they include, found by following their #include "platform/..." lines. A
+#   platform headers that they include, found by following their #include "oKstPlatform/..." lines. A
 #   public header that includes any other header of this tree (core/, testing/, ...) stops the
 #   configuration: it would not be installed.
 # - oet_header_check (built with the tests) compiles each public header alone, twice in one file, against the installed
@@ -14,7 +14,8 @@
 #   project's warnings as errors. Headers added later are picked up by the glob at the next build.
 # - With OET_INSTALL (on by default only when this is the top-level project), `cmake --install`
 #   installs the two shared libraries, the public headers and the package oEventTracker: export set
-#   oEventTrackerTargets, targets oEventTracker::oEventTracker and oEventTracker::oKstPlatform.
+#   oEventTrackerTargets, targets oEventTracker::oEventTracker and oEventTracker::oKstPlatform, and the
+#   pkg-config file oEventTracker.pc.
 #   Nothing of testing/, tools/, bench/, tests/ or their dependencies is installed.
 
 include(GNUInstallDirs)
@@ -168,6 +169,21 @@ if(OET_INSTALL)
   install(FILES "${PROJECT_BINARY_DIR}/package/oEventTrackerConfig.cmake"
                 "${PROJECT_BINARY_DIR}/package/oEventTrackerConfigVersion.cmake"
           DESTINATION "${oet_package_dir}")
+
+  # pkg-config, for builds that do not use CMake: oEventTracker.pc in lib/pkgconfig, beside the CMake
+  # package. Its prefix is found from where the file is (${pcfiledir}), so the installed tree can move.
+  set(oet_pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  file(RELATIVE_PATH OET_PC_PREFIX_FROM_PCDIR "/prefix/${oet_pc_dir}" "/prefix")
+  string(REGEX REPLACE "/$" "" OET_PC_PREFIX_FROM_PCDIR "${OET_PC_PREFIX_FROM_PCDIR}")
+  foreach(kind IN ITEMS LIBDIR INCLUDEDIR)
+    if(IS_ABSOLUTE "${CMAKE_INSTALL_${kind}}")
+      set(OET_PC_${kind} "${CMAKE_INSTALL_${kind}}")
+    else()
+      set(OET_PC_${kind} "\${prefix}/${CMAKE_INSTALL_${kind}}")
+    endif()
+  endforeach()
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/oEventTracker.pc.in" "${PROJECT_BINARY_DIR}/package/oEventTracker.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/package/oEventTracker.pc" DESTINATION "${oet_pc_dir}")
 endif()
 
 # ---- Checks run by ctest

@@ -2,13 +2,19 @@
 
 #include <cstddef>
 
+#include "observer.h"
+
 namespace {
+
+using KstHost::PlatformFunction;
 
 // The word at `value` in `words` (whose entry 0 is ""), or "" outside the table.
 template <class E, size_t N>
-std::string WordOf(E value, const char* const (&words)[N]) {
+std::string WordOf(E value, const char* const (&words)[N], PlatformFunction function) {
   const auto index = static_cast<int32_t>(value);
-  return index > 0 && static_cast<size_t>(index) < N ? words[index] : "";
+  const char* word = index > 0 && static_cast<size_t>(index) < N ? words[index] : "";
+  kst_observer::Report(function, word, index);
+  return word;
 }
 
 constexpr const char* kFetchEventWords[] = {"",
@@ -43,37 +49,37 @@ constexpr const char* kSpecialEventWords[] = {"", "tp_on_tracking", "tp_on_data_
 }  // namespace
 
 std::string MetricsFetchEventToString(MetricsFetchEvent value) {
-  return WordOf(value, kFetchEventWords);
+  return WordOf(value, kFetchEventWords, PlatformFunction::kMetricsFetchEventToString);
 }
 
 std::string MetricsFetchHandlerEventToString(MetricsFetchHandlerEvent value) {
-  return WordOf(value, kFetchHandlerEventWords);
+  return WordOf(value, kFetchHandlerEventWords, PlatformFunction::kMetricsFetchHandlerEventToString);
 }
 
 std::string MetricsFileEventToString(MetricsFileEvent value) {
-  return WordOf(value, kFileEventWords);
+  return WordOf(value, kFileEventWords, PlatformFunction::kMetricsFileEventToString);
 }
 
 std::string MetricsHeartBeatEventToString(MetricsHeartBeatEvent value) {
-  return WordOf(value, kHeartBeatEventWords);
+  return WordOf(value, kHeartBeatEventWords, PlatformFunction::kMetricsHeartBeatEventToString);
 }
 
 std::string MetricsLoginEventToString(MetricsLoginEvent value) {
-  return WordOf(value, kLoginEventWords);
+  return WordOf(value, kLoginEventWords, PlatformFunction::kMetricsLoginEventToString);
 }
 
 std::string MetricsMessageEventToString(MetricsMessageEvent value) {
-  return WordOf(value, kMessageEventWords);
+  return WordOf(value, kMessageEventWords, PlatformFunction::kMetricsMessageEventToString);
 }
 
 std::string MetricsMessageHandlerEventToString(MetricsMessageHandlerEvent value) {
-  return WordOf(value, kMessageHandlerEventWords);
+  return WordOf(value, kMessageHandlerEventWords, PlatformFunction::kMetricsMessageHandlerEventToString);
 }
 
 std::string MetricsPlatformEventToString(MetricsPlatformEvent value) {
-  return WordOf(value, kPlatformEventWords);
+  return WordOf(value, kPlatformEventWords, PlatformFunction::kMetricsPlatformEventToString);
 }
 
 std::string MetricsSpecialEventToString(MetricsSpecialEvent value) {
-  return WordOf(value, kSpecialEventWords);
+  return WordOf(value, kSpecialEventWords, PlatformFunction::kMetricsSpecialEventToString);
 }

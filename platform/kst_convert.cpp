@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <cstring>
 #include <cwchar>
+#include <string_view>
+
+#include "observer.h"
 
 namespace {
 
@@ -128,9 +131,9 @@ bool Usable(unsigned code_page, const void* src, Out* dst, int dst_capacity) {
   return code_page == KST_CP_UTF8 && src != nullptr && dst != nullptr && dst_capacity > 0;
 }
 
-}  // namespace
-
-int kst_str_convert(unsigned code_page, const wchar_t* src, int src_len, char* dst, int dst_capacity) {
+// The conversions themselves; kst_str_convert reports each call to the observer, the conveniences
+// below (the stand-in's own work) call these directly.
+int ConvertToUtf8(unsigned code_page, const wchar_t* src, int src_len, char* dst, int dst_capacity) {
   if (!Usable(code_page, src, dst, dst_capacity)) return 0;
   const int n = src_len < 0 ? ClampLength(std::wcslen(src)) : src_len;
   int written = 0;
@@ -147,7 +150,7 @@ int kst_str_convert(unsigned code_page, const wchar_t* src, int src_len, char* d
   return written;
 }
 
-int kst_str_convert(unsigned code_page, const char* src, int src_len, wchar_t* dst, int dst_capacity) {
+int ConvertToWide(unsigned code_page, const char* src, int src_len, wchar_t* dst, int dst_capacity) {
   if (!Usable(code_page, src, dst, dst_capacity)) return 0;
   const int n = src_len < 0 ? ClampLength(std::strlen(src)) : src_len;
   const unsigned char* bytes = reinterpret_cast<const unsigned char*>(src);
@@ -166,6 +169,24 @@ int kst_str_convert(unsigned code_page, const char* src, int src_len, wchar_t* d
   return written;
 }
 
+}  // namespace
+
+int kst_str_convert(unsigned code_page, const wchar_t* src, int src_len, char* dst, int dst_capacity) {
+  const int written = ConvertToUtf8(code_page, src, src_len, dst, dst_capacity);
+  kst_observer::Report(KstHost::PlatformFunction::kConvertToUtf8,
+                       std::string_view(written > 0 ? dst : "", static_cast<size_t>(written)), src_len);
+  return written;
+}
+
+int kst_str_convert(unsigned code_page, const char* src, int src_len, wchar_t* dst, int dst_capacity) {
+  const int written = ConvertToWide(code_page, src, src_len, dst, dst_capacity);
+  if (kst_observer::Current() != nullptr && src != nullptr) {
+    const size_t n = src_len < 0 ? std::strlen(src) : static_cast<size_t>(src_len);
+    kst_observer::Report(KstHost::PlatformFunction::kConvertToWide, std::string_view(src, n), src_len);
+  }
+  return written;
+}
+
 namespace Kst {
 
 std::string WideToUtf8(const CStringT<wchar_t>& text) {
@@ -180,8 +201,8 @@ std::string WideToUtf8(const CStringT<wchar_t>& text) {
     const uint32_t last = static_cast<uint32_t>(s[end - 1]) & 0xFFFFu;
     if (end < s.size() && last >= 0xD800 && last <= 0xDBFF) --end;
 #endif
-    const int n = kst_str_convert(KST_CP_UTF8, s.data() + start, static_cast<int>(end - start), &buffer[0],
-                                  static_cast<int>(buffer.size()));
+    const int n = ConvertToUtf8(KST_CP_UTF8, s.data() + start, static_cast<int>(end - start), &buffer[0],
+                                static_cast<int>(buffer.size()));
     out.append(buffer, 0, static_cast<size_t>(n));
     start = end;
   }
@@ -207,8 +228,8 @@ CStringT<wchar_t> Utf8ToWide(const std::string& text) {
         }
       }
     }
-    const int n = kst_str_convert(KST_CP_UTF8, text.data() + start, static_cast<int>(end - start), &buffer[0],
-                                  static_cast<int>(buffer.size()));
+    const int n = ConvertToWide(KST_CP_UTF8, text.data() + start, static_cast<int>(end - start), &buffer[0],
+                                static_cast<int>(buffer.size()));
     out.append(buffer, 0, static_cast<size_t>(n));
     start = end;
   }

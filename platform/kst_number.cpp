@@ -1,5 +1,8 @@
 #include "oKstPlatform/kst_number.h"
 
+#include "oKstPlatform/kst_convert.h"
+#include "observer.h"
+
 namespace {
 
 // The value of the digit `c` in any base up to 36, or 36 for a character that is no digit. Only
@@ -32,11 +35,18 @@ bool ParseUInt(const Kst::CStringT<T>& text, uint32_t* value, int base) {
 namespace Kst {
 
 bool StringToUInt(const CStringT<char>& text, uint32_t* value, int base) {
-  return ParseUInt(text, value, base);
+  const bool parsed = ParseUInt(text, value, base);
+  kst_observer::Report(KstHost::PlatformFunction::kStringToUInt, text.str(),
+                       parsed ? static_cast<int64_t>(*value) : -1);
+  return parsed;
 }
 
 bool StringToUInt(const CStringT<wchar_t>& text, uint32_t* value, int base) {
-  return ParseUInt(text, value, base);
+  const bool parsed = ParseUInt(text, value, base);
+  if (kst_observer::Current() != nullptr)
+    kst_observer::Report(KstHost::PlatformFunction::kStringToUInt, WideToUtf8(text),
+                         parsed ? static_cast<int64_t>(*value) : -1);
+  return parsed;
 }
 
 CStringT<char> Int64ToString(int64_t value) {
@@ -50,6 +60,7 @@ CStringT<char> Int64ToString(int64_t value) {
     magnitude /= 10;
   } while (magnitude != 0);
   if (value < 0) *--p = '-';
+  kst_observer::Report(KstHost::PlatformFunction::kInt64ToString, p, value);
   return CStringT<char>(p);
 }
 

@@ -1,7 +1,11 @@
 #include "oKstPlatform/kst_time.h"
 
+#include "oKstPlatform/host_control.h"
+
 #include <atomic>
 #include <chrono>
+
+#include "observer.h"
 
 namespace {
 
@@ -12,17 +16,26 @@ int64_t FloorDiv(int64_t a, int64_t b) {
   return a / b - ((a % b != 0) && ((a < 0) != (b < 0)));
 }
 
+// The clock's reading in Unix microseconds: the fixed time while a host program fixes it, else the
+// system clock.
+int64_t NowUs() {
+  if (g_fixed.load()) return g_fixed_us.load();
+  const auto since_epoch = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::microseconds>(since_epoch).count();
+}
+
 }  // namespace
 
 namespace Kst {
 
 Time Time::Now() {
-  if (g_fixed.load()) return Time(g_fixed_us.load());
-  const auto since_epoch = std::chrono::system_clock::now().time_since_epoch();
-  return Time(std::chrono::duration_cast<std::chrono::microseconds>(since_epoch).count());
+  const int64_t us = NowUs();
+  kst_observer::Report(KstHost::PlatformFunction::kTimeNow, {}, us);
+  return Time(us);
 }
 
 void Time::UTCExplode(Exploded* exploded) const {
+  kst_observer::Report(KstHost::PlatformFunction::kUtcExplode, {}, us_);
   if (exploded == nullptr) return;
   const int64_t ms_total = FloorDiv(us_, 1000);
   const int64_t days = FloorDiv(ms_total, 86400000);
@@ -60,7 +73,7 @@ void SetClock(Kst::Time now) {
 }
 
 void AdvanceClock(Kst::TimeDelta delta) {
-  if (!g_fixed.load()) SetClock(Kst::Time::Now());
+  if (!g_fixed.load()) SetClock(Kst::Time::FromUnixMicroseconds(NowUs()));
   g_fixed_us.fetch_add(delta.InMicroseconds());
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "observer.h"
+
 namespace {
 
 class Module final : public IServiceModule {
@@ -35,20 +37,30 @@ Registry& TheRegistry() {
 }
 
 void* Module::GetClassObject(const char* class_string) {
-  if (class_string == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(TheRegistry().mutex);
-  ++class_object_queries;
-  const auto it = objects.find(std::string_view(class_string));
-  return it == objects.end() ? nullptr : it->second;
+  void* object = nullptr;
+  if (class_string != nullptr) {
+    std::lock_guard<std::mutex> lock(TheRegistry().mutex);
+    ++class_object_queries;
+    const auto it = objects.find(std::string_view(class_string));
+    if (it != objects.end()) object = it->second;
+  }
+  kst_observer::Report(KstHost::PlatformFunction::kGetClassObject, class_string ? class_string : "", 0,
+                       object);
+  return object;
 }
 
 IServiceModule* Registry::GetModule(const char* module_name) {
-  if (module_name == nullptr) return nullptr;
-  std::lock_guard<std::mutex> lock(mutex);
-  const auto it = modules.find(std::string_view(module_name));
-  if (it == modules.end()) return nullptr;
-  ++it->second.module_queries;
-  return it->second.objects.empty() ? nullptr : &it->second;
+  IServiceModule* module = nullptr;
+  if (module_name != nullptr) {
+    std::lock_guard<std::mutex> lock(mutex);
+    const auto it = modules.find(std::string_view(module_name));
+    if (it != modules.end()) {
+      ++it->second.module_queries;
+      if (!it->second.objects.empty()) module = &it->second;
+    }
+  }
+  kst_observer::Report(KstHost::PlatformFunction::kGetModule, module_name ? module_name : "", 0, module);
+  return module;
 }
 
 }  // namespace
@@ -56,7 +68,9 @@ IServiceModule* Registry::GetModule(const char* module_name) {
 IServiceRegistry* KstMQ_GetService() {
   Registry& registry = TheRegistry();
   registry.queries.fetch_add(1, std::memory_order_relaxed);
-  return registry.available.load() ? &registry : nullptr;
+  IServiceRegistry* answer = registry.available.load() ? &registry : nullptr;
+  kst_observer::Report(KstHost::PlatformFunction::kGetService, {}, 0, answer);
+  return answer;
 }
 
 namespace KstHost {

@@ -1,13 +1,14 @@
 #include "oKstPlatform/system_info.h"
 
 #include <atomic>
+#include <charconv>
 #include <map>
 #include <mutex>
 #include <optional>
 
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_number.h"
 #include "oKstPlatform/system_info_machine.h"
+#include "observer.h"
 
 namespace {
 
@@ -47,8 +48,12 @@ std::string Fact(SystemFact fact) {
   return kst_machine::Fact(fact);
 }
 
-Kst::CStringT<wchar_t> WideFact(SystemFact fact) {
-  return Kst::Utf8ToWide(Fact(fact));
+using KstHost::PlatformFunction;
+
+Kst::CStringT<wchar_t> WideFact(SystemFact fact, PlatformFunction function) {
+  const std::string answer = Fact(fact);
+  kst_observer::Report(function, answer);
+  return Kst::Utf8ToWide(answer);
 }
 
 }  // namespace
@@ -68,53 +73,62 @@ namespace Kst {
 
 // The build number is the machine's (0 on systems without one) unless the host program overrides
 // the OS version, whose text then stands alone with build 0.
-void GetOSVersion(CStringT<wchar_t>& version, int32_t& build, int32_t /*flags*/) {
+void GetOSVersion(CStringT<wchar_t>& version, int32_t& build, int32_t flags) {
+  std::string answer;
   if (auto value = Override(SystemFact::kOSVersion)) {
-    version = Utf8ToWide(*value);
+    answer = *value;
     build = 0;
   } else {
-    version = Utf8ToWide(kst_machine::Fact(SystemFact::kOSVersion));
+    answer = kst_machine::Fact(SystemFact::kOSVersion);
     build = kst_machine::OsBuildNumber();
   }
+  version = Utf8ToWide(answer);
+  kst_observer::Report(PlatformFunction::kGetOSVersion, answer, flags);
 }
 CStringT<wchar_t> GetSystemProductName() {
-  return WideFact(SystemFact::kSystemProductName);
+  return WideFact(SystemFact::kSystemProductName, PlatformFunction::kGetSystemProductName);
 }
 CStringT<wchar_t> GetSystemManufacturer() {
-  return WideFact(SystemFact::kSystemManufacturer);
+  return WideFact(SystemFact::kSystemManufacturer, PlatformFunction::kGetSystemManufacturer);
 }
 CStringT<wchar_t> GetRegionName() {
-  return WideFact(SystemFact::kRegionName);
+  return WideFact(SystemFact::kRegionName, PlatformFunction::kGetRegionName);
 }
 CStringT<wchar_t> GetGPUModel() {
-  return WideFact(SystemFact::kGPUModel);
+  return WideFact(SystemFact::kGPUModel, PlatformFunction::kGetGPUModel);
 }
 CStringT<wchar_t> GetCPUType() {
-  return WideFact(SystemFact::kCPUType);
+  return WideFact(SystemFact::kCPUType, PlatformFunction::kGetCPUType);
 }
 CStringT<wchar_t> GetCPUName() {
-  return WideFact(SystemFact::kCPUName);
+  return WideFact(SystemFact::kCPUName, PlatformFunction::kGetCPUName);
 }
+// The fact's decimal text, signed: a host program that gives a negative count gets it back as such.
+// Text that is not a whole 32-bit decimal number answers 0.
 int32_t GetTotalRAMGB() {
-  uint32_t gigabytes = 0;
-  return Kst::StringToUInt(CStringT<char>(Fact(SystemFact::kTotalRAMGB).c_str()), &gigabytes, 10)
-             ? static_cast<int32_t>(gigabytes)
-             : 0;
+  const std::string text = Fact(SystemFact::kTotalRAMGB);
+  int32_t gigabytes = 0;
+  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), gigabytes);
+  if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size()) gigabytes = 0;
+  kst_observer::Report(PlatformFunction::kGetTotalRAMGB, {}, gigabytes);
+  return gigabytes;
 }
 CStringT<wchar_t> GetScreenSizeIn() {
-  return WideFact(SystemFact::kScreenSizeIn);
+  return WideFact(SystemFact::kScreenSizeIn, PlatformFunction::kGetScreenSizeIn);
 }
 CStringT<wchar_t> GetResolution() {
-  return WideFact(SystemFact::kResolution);
+  return WideFact(SystemFact::kResolution, PlatformFunction::kGetResolution);
 }
 CStringT<wchar_t> GetNetworkType() {
-  return WideFact(SystemFact::kNetworkType);
+  return WideFact(SystemFact::kNetworkType, PlatformFunction::kGetNetworkType);
 }
 CStringT<wchar_t> GetLanguageSetting() {
-  return WideFact(SystemFact::kLanguageSetting);
+  return WideFact(SystemFact::kLanguageSetting, PlatformFunction::kGetLanguageSetting);
 }
 void GetCurrentVersion(CStringT<char>& version) {
-  version = Fact(SystemFact::kCurrentVersion).c_str();
+  const std::string answer = Fact(SystemFact::kCurrentVersion);
+  version = answer.c_str();
+  kst_observer::Report(PlatformFunction::kGetCurrentVersion, answer);
 }
 
 }  // namespace Kst

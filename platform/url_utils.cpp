@@ -4,6 +4,9 @@
 #include <mutex>
 #include <utility>
 
+#include "oKstPlatform/kst_convert.h"
+#include "observer.h"
+
 namespace {
 
 class UrlUtils final : public IOrboUrlUtils {
@@ -14,7 +17,10 @@ class UrlUtils final : public IOrboUrlUtils {
       std::lock_guard<std::mutex> lock(mutex);
       predicate = this->predicate;
     }
-    return predicate && predicate(url) ? 1 : 0;
+    const int32_t answer = predicate && predicate(url) ? 1 : 0;
+    if (kst_observer::Current() != nullptr)
+      kst_observer::Report(KstHost::PlatformFunction::kIsDevelopmentUrl, Kst::WideToUtf8(url), answer);
+    return answer;
   }
   std::mutex mutex;
   std::function<bool(const Kst::CStringT<wchar_t>&)> predicate;
@@ -30,7 +36,9 @@ UrlUtils& TheUrlUtils() {
 }  // namespace
 
 IOrboUrlUtils* GetOrboUrlUtils() {
-  return TheUrlUtils().present.load() ? &TheUrlUtils() : nullptr;
+  IOrboUrlUtils* answer = TheUrlUtils().present.load() ? &TheUrlUtils() : nullptr;
+  kst_observer::Report(KstHost::PlatformFunction::kGetOrboUrlUtils, {}, 0, answer);
+  return answer;
 }
 
 namespace KstHost {

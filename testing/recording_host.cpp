@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "oEventTracker/OrboPTPAAP.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "tests/recorded_event_view.h"
 
 namespace {

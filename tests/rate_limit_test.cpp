@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/rate_limit.h"
+#include "oKstPlatform/host_control.h"
 #include "tests/param_names.h"
 
 namespace {

@@ -4,9 +4,16 @@
 
 #include <regex>
 #include <string>
+#include <vector>
 
+#include "oKstPlatform/chat_metrics.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/kst_convert.h"
+#include "oKstPlatform/kst_number.h"
+#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
+#include "oKstPlatform/url_utils.h"
 
 namespace {
 
@@ -55,12 +62,46 @@ TEST_F(SystemInfoTest, OverridesWinUntilCleared) {
   EXPECT_EQ(build, 0);  // an overridden version has no build of its own
   EXPECT_TRUE(Kst::GetCPUName().IsEmpty());
   EXPECT_EQ(Kst::GetTotalRAMGB(), 0);
+  KstHost::OverrideSystemFact(SystemFact::kTotalRAMGB, "-4");  // signed facts stay signed
+  EXPECT_EQ(Kst::GetTotalRAMGB(), -4);
 
   KstHost::ClearSystemFactOverrides();
   Kst::GetOSVersion(version, build, 1);
   EXPECT_EQ(version, machine_version);
   EXPECT_EQ(build, machine_build);
   EXPECT_EQ(Kst::WideToUtf8(Kst::GetCPUName()), machine_cpu);
+}
+
+// Every call into the stand-in reaches the observer, after it answered, with its salient argument or
+// answer; the stand-in's own conversions do not.
+std::vector<std::string> g_seen;
+
+TEST_F(SystemInfoTest, TheObserverSeesEveryCallIntoTheStandIn) {
+  KstHost::OverrideSystemFact(SystemFact::kRegionName, "US");
+  KstHost::OverrideSystemFact(SystemFact::kTotalRAMGB, "16");
+  g_seen.clear();
+  KstHost::SetPlatformObserver([](const KstHost::PlatformCall& call) {
+    g_seen.push_back(std::string(KstHost::PlatformFunctionName(call.function)) + " \"" +
+                     std::string(call.text) + "\" " + std::to_string(call.number) +
+                     (call.object != nullptr ? " object" : ""));
+  });
+  IServiceRegistry* registry = KstMQ_GetService();
+  registry->GetModule("no.such.module");
+  Kst::GetRegionName();
+  Kst::GetTotalRAMGB();
+  char utf8[8];
+  kst_str_convert(KST_CP_UTF8, L"h\u00e9", -1, utf8, sizeof utf8);
+  uint32_t value = 0;
+  Kst::StringToUInt(Kst::CStringT<char>("42"), &value, 10);
+  MetricsLoginEventToString(MetricsLoginEvent::kStart);
+  (void)Kst::WideToUtf8(Kst::CStringT<wchar_t>(L"own work"));
+  KstHost::SetPlatformObserver(nullptr);
+  Kst::GetRegionName();
+  EXPECT_EQ(g_seen, (std::vector<std::string>{
+                        "KstMQ_GetService \"\" 0 object", "IServiceRegistry::GetModule \"no.such.module\" 0",
+                        "Kst::GetRegionName \"US\" 0", "Kst::GetTotalRAMGB \"\" 16",
+                        "kst_str_convert \"h\xC3\xA9\" -1", "Kst::StringToUInt \"42\" 42",
+                        "MetricsLoginEventToString \"login_start\" 1"}));
 }
 
 }  // namespace

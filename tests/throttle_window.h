@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/client_context.h"
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "testing/recording_host.h"
 
 namespace oet_test {

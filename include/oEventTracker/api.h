@@ -22,6 +22,8 @@
 #else
 #define OET_API __declspec(dllimport)
 #endif
-#else
+#elif defined(__GNUC__) || defined(__clang__)
 #define OET_API __attribute__((visibility("default")))
+#else
+#define OET_API
 #endif

@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/url_utils.h"
 #include "testing/recording_host.h"
 #include "tests/robustness/export_cases.h"

@@ -11,7 +11,7 @@
 #include <set>
 #include <string>
 
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/url_utils.h"
 #include "testing/host_bookkeeping.h"

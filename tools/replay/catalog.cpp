@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "oKstPlatform/kst_time.h"
+#include "oKstPlatform/host_control.h"
 #include "testing/event_json.h"
 #include "testing/recording_host.h"
 #include "tools/replay/exports.h"

@@ -5,8 +5,8 @@
 #include <map>
 #include <optional>
 
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/kst_time.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
 #include "tools/replay/exports.h"

@@ -11,6 +11,8 @@
 #else
 #define KST_API __declspec(dllimport)
 #endif
-#else
+#elif defined(__GNUC__) || defined(__clang__)
 #define KST_API __attribute__((visibility("default")))
+#else
+#define KST_API
 #endif

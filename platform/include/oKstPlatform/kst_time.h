@@ -2,7 +2,7 @@
 //
 // A Kst::Time holds microseconds since 1970-01-01 00:00:00 UTC; the value 0 is the "null" time that
 // callers use for "not given". The clock behind Kst::Time::Now() is the system clock unless a host
-// program (a test, the replay tool) fixes it with KstHost::SetClock and moves it with AdvanceClock.
+// program (a test, the replay tool) fixes it (oKstPlatform/host_control.h).
 #pragma once
 
 #include <cstdint>
@@ -52,11 +52,11 @@ class Time {
 
   // The span between two times; it saturates at the largest span either way instead of overflowing.
   constexpr TimeDelta operator-(const Time& other) const {
-    int64_t us = 0;
-    if (__builtin_sub_overflow(us_, other.us_, &us)) {
-      us = other.us_ < 0 ? std::numeric_limits<int64_t>::max() : std::numeric_limits<int64_t>::min();
-    }
-    return TimeDelta::FromMicroseconds(us);
+    constexpr int64_t kMax = std::numeric_limits<int64_t>::max();
+    constexpr int64_t kMin = std::numeric_limits<int64_t>::min();
+    if (other.us_ < 0 && us_ > kMax + other.us_) return TimeDelta::FromMicroseconds(kMax);
+    if (other.us_ > 0 && us_ < kMin + other.us_) return TimeDelta::FromMicroseconds(kMin);
+    return TimeDelta::FromMicroseconds(us_ - other.us_);
   }
   constexpr Time operator+(const TimeDelta& delta) const { return Time(us_ + delta.InMicroseconds()); }
   constexpr bool operator==(const Time& other) const { return us_ == other.us_; }
@@ -68,11 +68,3 @@ class Time {
 };
 
 }  // namespace Kst
-
-// Host-program side: fix and move the clock that Kst::Time::Now() reads.
-namespace KstHost {
-KST_API void SetClock(Kst::Time now);
-KST_API void AdvanceClock(Kst::TimeDelta delta);
-// Back to the system clock.
-KST_API void UseSystemClock();
-}  // namespace KstHost

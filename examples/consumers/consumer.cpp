@@ -1,9 +1,11 @@
-// A client of the installed oEventTracker package (see CMakeLists.txt beside this file).
+// A client of oEventTracker, the same program whichever way its build takes the library (the folders
+// beside this file: the installed CMake package, add_subdirectory, FetchContent, pkg-config with a
+// plain Makefile). Its build defines OET_PACKAGE_VERSION, the version its build system found.
 //
-// The package has no telemetry host: in the product, the host registers its telemetry and web
+// The library has no telemetry host: in the product, the host registers its telemetry and web
 // services before the client calls the tracking functions. This program runs without one, as a
 // client does before its host is up, and checks what the headers promise for that case:
-//   - the version macros of the headers name the package version that find_package found;
+//   - the version macros of the headers name the version that the client's build found;
 //   - every tracking function returns 0 (no event could be built) and returns normally;
 //   - the client's product facts need no host: RetrieveClientProductInfo answers 1, labels the product
 //     "client" and leaves the domain as it was passed (there is no web service to ask);
