@@ -165,11 +165,11 @@ INSTANTIATE_TEST_SUITE_P(
                  "1=0|6~|12~|10~|9=0|16~|4~|2~|15=false|19=false", "2=184"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ChatModuleTest, DatabaseSecondTextStartingWithNulIsNotUnknown) {
+TEST_F(ChatModuleTest, DatabaseSecondTextStartingWithNulIsUnknown) {
   ChatDBInteractInfo_s info = FullDatabase();
   info.field2 = Kst::CStringT<wchar_t>(L"\0x", 2);
   EXPECT_EQ(TrackingPTChatDBInteractEvent(kTracking, info), 1);
-  EXPECT_NE(OnlyEvent().Ops(113).find("|17=|"), std::string::npos);
+  EXPECT_NE(OnlyEvent().Ops(113).find("|17=unknown|"), std::string::npos);
 }
 
 class ChatModuleExport : public ChatModuleTest, public ::testing::WithParamInterface<Kind> {

@@ -342,7 +342,7 @@ TEST_P(ConcurrentExportsTest, EveryEventWholeAndStateConsistent) {
   }
   for (const auto& event : events)
     EXPECT_EQ(Describe(event.calls).back(), "SubmitEvent 3 1 params=0");
-  EXPECT_EQ(oet::SnapshotPostMeetingStrings().strings.text3, L"meeting");
+  EXPECT_EQ(oet::TakePostMeetingStrings().text3, L"meeting");
 }
 
 INSTANTIATE_TEST_SUITE_P(Threads, ConcurrentExportsTest, ::testing::Bool(),

@@ -106,8 +106,9 @@ class PostMeeting : public oet_test::RecordedEventTest {
     const std::string a = std::string("a") + n, b = std::string("b") + n, d = std::string("d") + n;
     StoreMeetingInfo4PostEvents({a.c_str(), b.c_str(), Kst::Utf8ToWide(std::string("t") + n), d.c_str()});
   }
+  // What is kept (as the event reads it: strings 1, 2 and 4 are emptied by the reading).
   static std::string Kept() {
-    const auto kept = oet::SnapshotPostMeetingStrings().strings;
+    const auto kept = oet::TakePostMeetingStrings();
     return kept.text1.str() + "," + kept.text2.str() + "," + Kst::WideToUtf8(kept.text3) + "," +
            kept.text4.str();
   }
@@ -125,19 +126,22 @@ TEST_F(PostMeeting, ReportsTheKeptMeetingThenItsTitleOnly) {
   EXPECT_EQ(OnlyEvent().Ops(288).substr(0, 6), "3=|5=|");
 }
 
-TEST_F(PostMeeting, FailedReportKeepsTheStrings) {
+// The strings are emptied by the event's reading of them, whatever the submission does afterwards.
+TEST_F(PostMeeting, FailedReportStillEmptiesTheStrings) {
   Store("1");
   host_.SetCreateEntityFails(288, true);
   EXPECT_EQ(Survey(2, 2), 0);
   EXPECT_EQ(OnlyEvent().submitted(), false);
+  EXPECT_EQ(Kept(), ",,t1,");
   host_.SetCreateEntityFails(288, false);
+  Store("2");
   host_.ThrowAtCall(15);  // SubmitEvent, after the event, the body, its 11 fields and its attachment
   EXPECT_EQ(Survey(2, 2), 0);
-  EXPECT_EQ(Kept(), "a1,b1,t1,d1");
+  EXPECT_EQ(Kept(), ",,t2,");
 }
 
-// A store that lands between the report's read of the strings and its clearing (here from inside the
-// report's client-context refresh) is neither mixed into the report nor cleared by it.
+// A store that lands after the report's read of the strings (here from inside the report's
+// client-context refresh) is neither mixed into the report nor cleared by it.
 TEST_F(PostMeeting, StoreDuringAReportIsKeptWhole) {
   host_.web_service().SetContextAnswer({"", "", "", ""});  // every refresh asks the web service again
   Store("1");
@@ -186,9 +190,10 @@ TEST_F(PostMeeting, ThreadsStoringWhileOthersReport) {
     reported.insert(text1);
   }
   const std::string last = std::to_string(kStores);
-  EXPECT_TRUE(Kept() == "a" + last + ",b" + last + ",t" + last + ",d" + last ||
-              (Kept() == ",,t" + last + "," && reported.count("a" + last) == 1))
-      << Kept();
+  const std::string kept = Kept();
+  EXPECT_TRUE(kept == "a" + last + ",b" + last + ",t" + last + ",d" + last ||
+              (kept == ",,t" + last + "," && reported.count("a" + last) == 1))
+      << kept;
 }
 
 // ---- Client and notice.

@@ -138,11 +138,12 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
     oet::ContextList list(4);
     list.Add(event->Create<orbo_entity::BasicDeviceContextEntity>());  // 159, without fields
     list.Add(event->Create<orbo_entity::BasicContextEntity170>());
-    if (!tracking.tracking_text.IsEmpty() && tracking.tracking_number != 0) {
+    const auto tracking_text = oet::TextOf(tracking.tracking_text);
+    if (!tracking_text.empty() && tracking.tracking_number != 0) {
       auto* identity = event->Create<orbo_entity::MeetingIdentityEntity>();
       if (identity != nullptr) {
         orbo_entity::MeetingIdentityFields& fields = *identity;
-        fields.SetIdentityText(oet::TextOf(tracking.tracking_text));
+        fields.SetIdentityText(tracking_text);
         fields.SetIdentityNumber(tracking.tracking_number);
       }
       list.Add(identity);
