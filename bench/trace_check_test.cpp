@@ -20,8 +20,6 @@
 #include "oKstPlatform/entities.h"
 #include "oKstPlatform/host_control.h"
 #include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/service_registry.h"
-#include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
 #include "testing/recording_host.h"
 
@@ -55,30 +53,25 @@ void PrintTo(CacheState state, std::ostream* os) {
 
 using Counts = std::map<std::string, uint64_t>;
 
-// Everything outside the telemetry service that the host counts.
-Counts HostCounts(const oet_testing::WebServiceFake& web_service) {
-  const KstHost::RegistryQueryCounts web = KstHost::RegistryQueries(kWebServiceModule);
-  const KstHost::RegistryQueryCounts telemetry = KstHost::RegistryQueries(kOrboTelemetryModule);
-  return {
-      {"registry", web.registry},
-      {"web-service module", web.module},
-      {"web-service class object", web.class_object},
-      {"telemetry module", telemetry.module},
-      {"telemetry class object", telemetry.class_object},
-      {"machine facts", KstHost::SystemQueryCount()},
-      {"client version", KstHost::VersionQueryCount()},
-      {"web service 35 (domain label)", static_cast<uint64_t>(web_service.CallCount(35))},
-      {"web service 37 (web URL)", static_cast<uint64_t>(web_service.CallCount(37))},
-      {"web service 97 (fill)", static_cast<uint64_t>(web_service.CallCount(97))},
-      {"web service 100 (short keys)", static_cast<uint64_t>(web_service.CallCount(100))},
-  };
-}
-
-Counts Difference(const Counts& after, const Counts& before) {
-  Counts difference;
-  for (const auto& count : after)
-    difference[count.first] = count.second - before.at(count.first);
-  return difference;
+// Everything outside the telemetry service that the host saw, counted: the registry lookups of each
+// service, the machine-fact and client-version queries and the web-service operations.
+Counts HostCounts(const std::vector<oet_testing::Call>& calls) {
+  Counts counts;
+  for (const oet_testing::Call& call : calls) {
+    if (call.fn != oet_testing::Call::Fn::kHostCall) continue;
+    const std::string& name = call.name;
+    const auto* argument = call.args.empty() ? nullptr : std::get_if<std::string>(&call.args[0]);
+    if (name == "KstMQ_GetService" || name.rfind("ICV", 0) == 0) {
+      ++counts[name];
+    } else if (name == "IServiceRegistry::GetModule" || name == "IServiceModule::GetClassObject") {
+      ++counts[name + " " + (argument == nullptr ? "" : *argument)];
+    } else if (name == "Kst::GetCurrentVersion") {
+      ++counts["client version"];
+    } else if (name.rfind("Kst::Get", 0) == 0) {
+      ++counts["machine facts"];
+    }
+  }
+  return counts;
 }
 
 struct Observation {
@@ -120,12 +113,11 @@ Observation Observe(Run run, const FloorRow& row, CacheState state) {
   host.TakeEvents();
   url_checks.clear();
 
-  const Counts before = HostCounts(host.web_service());
   Observation seen;
   seen.result = run(&seen.filled);
   for (const std::string& call : oet_testing::Describe(host.Log()))
     seen.calls += call + "\n";
-  seen.counts = Difference(HostCounts(host.web_service()), before);
+  seen.counts = HostCounts(host.HostCalls());
   seen.development_url_checks = url_checks;
   return seen;
 }

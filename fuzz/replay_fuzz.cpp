@@ -1,7 +1,7 @@
 // Fuzz target of the replay tool's script reader: any bytes are run as a session script against the
 // recording host, in each output format in turn (the JSON lines, the indented JSON and the readable
-// view). Whatever the input, the session must end normally: no crash, no sanitizer report, no leak;
-// wrong lines only produce messages.
+// view), with and without the host-call listing. Whatever the input, the session must end normally: no crash,
+// no sanitizer report, no leak; wrong lines only produce messages.
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
@@ -15,6 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   std::ostringstream errors;
   oet_replay::SessionOptions options;
   options.format = static_cast<oet_replay::OutputFormat>(size % 3);
+  options.host_calls = size % 2 == 1;  // every format with and without the host-call listing
   oet_replay::RunSession(script, "fuzz", options, output, errors);
   return 0;
 }

@@ -2,9 +2,10 @@
 
 #include <atomic>
 #include <charconv>
-#include <map>
 #include <mutex>
 #include <optional>
+#include <set>
+#include <string>
 
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/system_info_machine.h"
@@ -17,22 +18,26 @@ using KstHost::SystemFact;
 // The client version a host program sees unless it overrides it.
 constexpr char kDefaultClientVersion[] = "1.0.0";
 
+// The host program's overrides, read without a lock and without writing anything: one pointer per
+// fact to an override text, null for none. The texts are kept for the whole process, each distinct
+// text once (a reader may still hold a text a writer has just replaced), so that setting the same
+// facts again and again, as every recording host does, costs no memory. Writers take g_mutex among
+// themselves.
+constexpr size_t kFactCount = static_cast<size_t>(SystemFact::kCurrentVersion) + 1;
+std::atomic<const std::string*> g_overrides[kFactCount];
 std::mutex g_mutex;
-std::atomic<uint64_t> g_queries{0};
-std::atomic<uint64_t> g_version_queries{0};
 
 // Never destroyed, so that facts asked for from a client's exit path are still answered.
-std::map<SystemFact, std::string>& Overrides() {
-  static auto& overrides = *new std::map<SystemFact, std::string>;
-  return overrides;
+std::set<std::string>& OverrideTexts() {
+  static auto& texts = *new std::set<std::string>;
+  return texts;
 }
 
 std::optional<std::string> Override(SystemFact fact) {
-  ++(fact == SystemFact::kCurrentVersion ? g_version_queries : g_queries);
-  std::lock_guard<std::mutex> lock(g_mutex);
-  const auto it = Overrides().find(fact);
-  if (it == Overrides().end()) return std::nullopt;
-  return it->second;
+  const auto index = static_cast<size_t>(fact);
+  const std::string* text = index < kFactCount ? g_overrides[index].load(std::memory_order_acquire) : nullptr;
+  if (text == nullptr) return std::nullopt;
+  return *text;
 }
 
 // Whole gigabytes, rounded to the nearest.
@@ -136,21 +141,15 @@ void GetCurrentVersion(CStringT<char>& version) {
 namespace KstHost {
 
 void OverrideSystemFact(SystemFact fact, const std::string& utf8_value) {
+  const auto index = static_cast<size_t>(fact);
+  if (index >= kFactCount) return;
   std::lock_guard<std::mutex> lock(g_mutex);
-  Overrides()[fact] = utf8_value;
+  g_overrides[index].store(&*OverrideTexts().insert(utf8_value).first, std::memory_order_release);
 }
 
 void ClearSystemFactOverrides() {
-  std::lock_guard<std::mutex> lock(g_mutex);
-  Overrides().clear();
-}
-
-uint64_t SystemQueryCount() {
-  return g_queries.load();
-}
-
-uint64_t VersionQueryCount() {
-  return g_version_queries.load();
+  for (auto& slot : g_overrides)
+    slot.store(nullptr, std::memory_order_release);
 }
 
 }  // namespace KstHost

@@ -21,6 +21,8 @@ const char* FnName(Call::Fn fn) {
       return "SubmitEvent";
     case Call::Fn::kDestroyEvent:
       return "DestroyEvent";
+    case Call::Fn::kHostCall:
+      return "";  // named by the call itself
   }
   return "";
 }
@@ -97,9 +99,84 @@ Json DoubleToJson(double value) {
   return value;
 }
 
+size_t Utf8SequenceAt(const std::string& text, size_t at) {
+  const auto byte = [&text](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
+  const unsigned lead = byte(at);
+  if (lead < 0x80) return at < text.size() ? 1 : 0;
+  // The range of the second byte depends on the lead (no overlong forms, no surrogates, nothing above
+  // U+10FFFF); later bytes are 80..BF.
+  size_t length = 0;
+  unsigned low = 0x80;
+  unsigned high = 0xBF;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3;
+    low = lead == 0xE0 ? 0xA0 : 0x80;
+    high = lead == 0xED ? 0x9F : 0xBF;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4;
+    low = lead == 0xF0 ? 0x90 : 0x80;
+    high = lead == 0xF4 ? 0x8F : 0xBF;
+  } else {
+    return 0;
+  }
+  if (byte(at + 1) < low || byte(at + 1) > high) return 0;
+  for (size_t i = 2; i < length; ++i) {
+    if (byte(at + i) < 0x80 || byte(at + i) > 0xBF) return 0;
+  }
+  return length;
+}
+
+bool IsUtf8(const std::string& text) {
+  for (size_t at = 0; at < text.size();) {
+    const size_t length = Utf8SequenceAt(text, at);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
+}
+
+std::string HexBytes(const std::string& text) {
+  static constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string hex;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (!hex.empty()) hex += ' ';
+    hex += kDigits[byte >> 4];
+    hex += kDigits[byte & 0xF];
+  }
+  return hex;
+}
+
+Json TextToJson(const std::string& text) {
+  if (IsUtf8(text)) return text;
+  Json out = Json::object();
+  out["bytes"] = HexBytes(text);
+  return out;
+}
+
+// A value of an operation or a host call; std::monostate (no value, or a null object) as null.
+static Json ValueJson(const OpValue& value) {
+  return std::visit(
+      [](const auto& v) -> Json {
+        using T = std::decay_t<decltype(v)>;
+        if constexpr (std::is_same_v<T, double>) {
+          return DoubleToJson(v);
+        } else if constexpr (std::is_same_v<T, std::monostate>) {
+          return nullptr;
+        } else if constexpr (std::is_same_v<T, std::string>) {
+          return TextToJson(v);
+        } else {
+          return v;
+        }
+      },
+      value);
+}
+
 Json ToJson(const Call& call) {
   Json out = Json::object();
-  out["fn"] = FnName(call.fn);
+  out["fn"] = call.fn == Call::Fn::kHostCall ? call.name : FnName(call.fn);
   switch (call.fn) {
     case Call::Fn::kCreateEvent:
       out["event"] = call.event == 0 ? Json(nullptr) : Json(call.event);
@@ -115,16 +192,7 @@ Json ToJson(const Call& call) {
       out["op"] = call.op;
       out["name"] = call.name;
       out["kind"] = KindName(call.kind);
-      std::visit(
-          [&out](const auto& value) {
-            using T = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<T, double>) {
-              out["value"] = DoubleToJson(value);
-            } else if constexpr (!std::is_same_v<T, std::monostate>) {
-              out["value"] = value;
-            }
-          },
-          call.value);
+      if (call.value.index() != 0) out["value"] = ValueJson(call.value);
       break;
     case Call::Fn::kAttachEntityList: {
       out["id"] = call.attachment_id;
@@ -144,6 +212,15 @@ Json ToJson(const Call& call) {
       break;
     case Call::Fn::kDestroyEvent:
       out["arg"] = call.first_code;
+      break;
+    case Call::Fn::kHostCall:
+      if (!call.args.empty()) {
+        Json args = Json::array();
+        for (const auto& arg : call.args)
+          args.push_back(ValueJson(arg));
+        out["args"] = args;
+      }
+      if (call.answered) out["answer"] = ValueJson(call.answer);
       break;
   }
   if (call.threw) out["threw"] = true;

@@ -22,6 +22,19 @@ const char* KindName(OpKind kind);
 // express.
 Json DoubleToJson(double value);
 
+// The length (1 to 4) of the well-formed UTF-8 sequence that starts at text[at], or 0 when the bytes
+// there do not start one (a stray continuation byte, a cut, overlong or surrogate form, a value above
+// U+10FFFF, bytes C0, C1 and F5..FF).
+size_t Utf8SequenceAt(const std::string& text, size_t at);
+bool IsUtf8(const std::string& text);
+
+// A text as the library passed it, byte for byte: the JSON string itself when it is valid UTF-8, and
+// otherwise {"bytes": "61 62 E2 82"}, every byte as two upper-case hex digits, one space between
+// bytes. Session scripts write texts that are not UTF-8 in the same form.
+Json TextToJson(const std::string& text);
+// "61 62 E2 82".
+std::string HexBytes(const std::string& text);
+
 Json ToJson(const Call& call);
 Json ToJson(const RecordedEvent& event);
 Json ToJson(const std::vector<RecordedEvent>& events);

@@ -1,10 +1,12 @@
 #include "testing/recording_host.h"
 
+#include <cstdio>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
 
 #include "oKstPlatform/host_control.h"
+#include "oKstPlatform/kst_time.h"
 #include "oKstPlatform/service_registry.h"
 #include "oKstPlatform/system_info.h"
 #include "oKstPlatform/url_utils.h"
@@ -55,7 +57,11 @@ namespace {
 
 thread_local int t_bookkeeping_depth = 0;
 
+using KstHost::PlatformFunction;
 using KstHost::SystemFact;
+
+// The host whose lifetime it is (one at a time per process), seen by the platform observer.
+std::atomic<RecordingHost*> g_observing_host{nullptr};
 
 }  // namespace
 
@@ -82,6 +88,96 @@ void InstallStandardMachine() {
 
 namespace {
 
+// A host time as text: UTC, with its microseconds ("2026-03-07T05:09:01.042000Z").
+std::string TimeText(int64_t us) {
+  Kst::Time::Exploded e;
+  Kst::Time::FromUnixMicroseconds(us).UTCExplode(&e);
+  const int64_t micro = ((us % 1000) + 1000) % 1000;
+  char text[64];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03d%03dZ", e.year, e.month, e.day_of_month,
+                e.hour, e.minute, e.second, e.millisecond, static_cast<int>(micro));
+  return text;
+}
+
+// A platform call as the host lists it: its salient arguments and its answer.
+Call HostCallOf(const KstHost::PlatformCall& platform, const void* telemetry, const void* web_service) {
+  Call call;
+  call.fn = Call::Fn::kHostCall;
+  call.name = KstHost::PlatformFunctionName(platform.function);
+  call.answered = true;
+  const std::string text(platform.text);
+  const auto object = [&](const char* what) {
+    return platform.object == nullptr ? OpValue() : OpValue(std::string(what));
+  };
+  switch (platform.function) {
+    case PlatformFunction::kGetService:
+      call.answer = object("registry");
+      break;
+    case PlatformFunction::kGetModule:
+      call.args = {text};
+      call.answer = object("module");
+      break;
+    case PlatformFunction::kGetClassObject:
+      call.args = {text};
+      call.answer = object(platform.object == telemetry     ? "telemetry"
+                           : platform.object == web_service ? "web_service"
+                                                            : "object");
+      break;
+    case PlatformFunction::kGetOrboUrlUtils:
+      call.answer = object("url_utils");
+      break;
+    case PlatformFunction::kIsDevelopmentUrl:
+      call.args = {text};
+      call.answer = static_cast<int32_t>(platform.number);
+      break;
+    case PlatformFunction::kGetOSVersion:
+      call.args = {static_cast<int32_t>(platform.number)};
+      call.answer = text;
+      break;
+    case PlatformFunction::kGetTotalRAMGB:
+      call.answer = static_cast<int32_t>(platform.number);
+      break;
+    case PlatformFunction::kTimeNow:
+      call.answer = TimeText(platform.number);
+      break;
+    case PlatformFunction::kUtcExplode:
+      call.args = {TimeText(platform.number)};
+      call.answered = false;
+      break;
+    case PlatformFunction::kConvertToUtf8:
+    case PlatformFunction::kConvertToWide:
+      call.args = {std::string(platform.function == PlatformFunction::kConvertToUtf8 ? "wide to UTF-8"
+                                                                                     : "UTF-8 to wide"),
+                   static_cast<int32_t>(platform.number)};
+      call.answer = text;
+      break;
+    case PlatformFunction::kStringToUInt:
+      call.args = {text};
+      call.answer = platform.number < 0 ? OpValue() : OpValue(platform.number);
+      break;
+    case PlatformFunction::kInt64ToString:
+      call.args = {platform.number};
+      call.answer = text;
+      break;
+    case PlatformFunction::kMetricsFetchEventToString:
+    case PlatformFunction::kMetricsFetchHandlerEventToString:
+    case PlatformFunction::kMetricsFileEventToString:
+    case PlatformFunction::kMetricsHeartBeatEventToString:
+    case PlatformFunction::kMetricsLoginEventToString:
+    case PlatformFunction::kMetricsMessageEventToString:
+    case PlatformFunction::kMetricsMessageHandlerEventToString:
+    case PlatformFunction::kMetricsPlatformEventToString:
+    case PlatformFunction::kMetricsSpecialEventToString:
+      call.args = {static_cast<int32_t>(platform.number)};
+      call.answer = text;
+      break;
+    default:  // the other system facts: their text
+      call.answer = text;
+      break;
+  }
+  return call;
+}
+
 std::string Quoted(const std::string& text) {
   std::string out = "\"";
   for (const char c : text) {
@@ -89,6 +185,19 @@ std::string Quoted(const std::string& text) {
     out += c;
   }
   return out + "\"";
+}
+
+// A value as Describe shows it; std::monostate (a null object) as null.
+std::string ValueOf(const OpValue& value) {
+  std::ostringstream out;
+  if (const auto* text = std::get_if<std::string>(&value)) out << Quoted(*text);
+  if (const auto* i32 = std::get_if<int32_t>(&value)) out << *i32;
+  if (const auto* i64 = std::get_if<int64_t>(&value)) out << *i64;
+  if (const auto* u64 = std::get_if<uint64_t>(&value)) out << *u64;
+  if (const auto* flag = std::get_if<bool>(&value)) out << (*flag ? "true" : "false");
+  if (const auto* number = std::get_if<double>(&value)) out << *number;
+  if (value.index() == 0) out << "null";
+  return out.str();
 }
 
 std::string EntityRef(int number) {
@@ -109,7 +218,19 @@ bool InHostBookkeeping() {
   return t_bookkeeping_depth > 0;
 }
 
+// The platform observer of the host whose lifetime it is: the library's calls into the stand-in, not
+// the host's own.
+static void ObservePlatform(const KstHost::PlatformCall& platform) {
+  RecordingHost* host = g_observing_host.load();
+  if (host == nullptr || InHostBookkeeping()) return;
+  HostBookkeeping bookkeeping;
+  host->RecordPlatformCall(platform);
+}
+
 RecordingHost::RecordingHost(Machine machine) : telemetry_(std::make_unique<Telemetry>(this)) {
+  web_service_.SetRecorder([this](Call call) { RecordHostCall(std::move(call)); });
+  g_observing_host.store(this);
+  KstHost::SetPlatformObserver(&ObservePlatform);
   if (machine == Machine::kStandard) InstallStandardMachine();
   KstHost::SetRegistryAvailable(true);
   SetTelemetryPresent(true);
@@ -117,12 +238,15 @@ RecordingHost::RecordingHost(Machine machine) : telemetry_(std::make_unique<Tele
 }
 
 RecordingHost::~RecordingHost() {
+  KstHost::SetPlatformObserver(nullptr);
+  g_observing_host.store(nullptr);
   KstHost::ClearRegistry();
   KstHost::SetRegistryAvailable(true);
   KstHost::ClearSystemFactOverrides();
   KstHost::UseSystemClock();
   KstHost::SetUrlUtilsPresent(true);
   KstHost::SetDevelopmentUrlPredicate(nullptr);
+  KstHost::ClearMetricWords();
 }
 
 void RecordingHost::SetRegistryAvailable(bool available) {
@@ -147,6 +271,31 @@ void RecordingHost::SetWebServicePresent(bool present) {
   }
 }
 
+void RecordingHost::SetTelemetryClassObjectPresent(bool present) {
+  if (present) {
+    SetTelemetryPresent(true);
+  } else {
+    KstHost::UnregisterClassObject(kOrboTelemetryModule, kOrboTelemetryClass);
+  }
+}
+
+void RecordingHost::SetWebServiceClassObjectPresent(bool present) {
+  if (present) {
+    SetWebServicePresent(true);
+  } else {
+    KstHost::UnregisterClassObject(kWebServiceModule, kWebServiceClass);
+  }
+}
+
+void RecordingHost::SetCreateEntityFailsAt(int32_t type, int n) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  if (n > 0) {
+    failing_countdowns_[type] = n;
+  } else {
+    failing_countdowns_.erase(type);
+  }
+}
+
 void RecordingHost::SetCreateEventFails(bool fails) {
   std::lock_guard<std::mutex> lock(mutex_);
   create_event_fails_ = fails;
@@ -168,10 +317,37 @@ void RecordingHost::ThrowAtCall(int n) {
 
 std::vector<Call> RecordingHost::Log() const {
   std::lock_guard<std::mutex> lock(mutex_);
+  std::vector<Call> telemetry;
+  for (const auto& call : log_) {
+    if (call.fn != Call::Fn::kHostCall) telemetry.push_back(call);
+  }
+  return telemetry;
+}
+
+std::vector<Call> RecordingHost::HostCalls() const {
+  std::lock_guard<std::mutex> lock(mutex_);
   return log_;
 }
 
-std::vector<RecordedEvent> RecordingHost::TakeEvents() {
+int RecordingHost::HostCallCount(const std::string& name) const {
+  std::lock_guard<std::mutex> lock(mutex_);
+  const auto it = host_call_counts_.find(name);
+  return it == host_call_counts_.end() ? 0 : it->second;
+}
+
+void RecordingHost::RecordHostCall(Call call) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  call.fn = Call::Fn::kHostCall;
+  ++host_call_counts_[call.name];
+  log_.push_back(std::move(call));
+}
+
+void RecordingHost::RecordPlatformCall(const KstHost::PlatformCall& platform) {
+  RecordHostCall(HostCallOf(platform, static_cast<iOrbotelemetryAPI*>(telemetry_.get()),
+                            static_cast<ICVWebServiceAPI*>(&web_service_)));
+}
+
+std::vector<RecordedEvent> RecordingHost::TakeEvents(std::vector<Call>* host_calls) {
   std::lock_guard<std::mutex> lock(mutex_);
   std::vector<RecordedEvent> taken;
   for (auto it = events_.lower_bound(first_untaken_); it != events_.end();) {
@@ -187,6 +363,7 @@ std::vector<RecordedEvent> RecordingHost::TakeEvents() {
     it = events_.erase(it);
   }
   first_untaken_ = event_count_ + 1;
+  if (host_calls != nullptr) *host_calls = std::move(log_);
   log_.clear();
   return taken;
 }
@@ -274,7 +451,13 @@ void* RecordingHost::CreateEntity(int32_t type) {
   call.type = type;
   call.event = state == nullptr ? 0 : state->record.number;
   std::unique_ptr<RecordedEntity> entity;
-  if (failing_types_.count(type) == 0) {
+  bool fails = failing_types_.count(type) != 0;
+  const auto countdown = failing_countdowns_.find(type);
+  if (countdown != failing_countdowns_.end() && --countdown->second == 0) {
+    fails = true;
+    failing_countdowns_.erase(countdown);
+  }
+  if (!fails) {
     entity = MakeRecordedEntity(type, this, call.event, state == nullptr ? 0 : state->entity_count + 1);
   }
   if (entity != nullptr) {
@@ -381,12 +564,7 @@ std::string Describe(const Call& call) {
       break;
     case Call::Fn::kEntityOp:
       out << EntityRef(call.entity) << " " << call.iface << "." << call.op << " " << call.name;
-      if (const auto* text = std::get_if<std::string>(&call.value)) out << " " << Quoted(*text);
-      if (const auto* i32 = std::get_if<int32_t>(&call.value)) out << " " << *i32;
-      if (const auto* i64 = std::get_if<int64_t>(&call.value)) out << " " << *i64;
-      if (const auto* u64 = std::get_if<uint64_t>(&call.value)) out << " " << *u64;
-      if (const auto* flag = std::get_if<bool>(&call.value)) out << " " << (*flag ? "true" : "false");
-      if (const auto* number = std::get_if<double>(&call.value)) out << " " << *number;
+      if (call.value.index() != 0) out << " " << ValueOf(call.value);
       break;
     case Call::Fn::kAttachEntityList: {
       out << "AttachEntityList " << call.attachment_id << " [";
@@ -404,6 +582,14 @@ std::string Describe(const Call& call) {
     case Call::Fn::kDestroyEvent:
       out << "DestroyEvent " << call.first_code;
       break;
+    case Call::Fn::kHostCall: {
+      out << call.name << "(";
+      for (size_t i = 0; i < call.args.size(); ++i)
+        out << (i == 0 ? "" : ", ") << ValueOf(call.args[i]);
+      out << ")";
+      if (call.answered) out << " -> " << ValueOf(call.answer);
+      break;
+    }
   }
   if (call.threw) out << " (threw)";
   return out.str();

@@ -6,14 +6,21 @@
 // gives the machine a fixed set of system facts; destroying it empties the registry again and
 // restores the machine's own facts and clock. One host at a time per process.
 //
-// Every host-visible call is recorded in order: CreateEvent, CreateEntity with its type, every
-// entity operation (interface, 1-based operation number, argument or none), AttachEntityList with its
+// Every host-visible call is recorded in order. The telemetry calls: CreateEvent, CreateEntity with its type,
+// every entity operation (interface, 1-based operation number, argument or none), AttachEntityList with its
 // entries (null entries included), AttachEntity, SubmitEvent with both codes and the size of the
 // parameter map, DestroyEvent. Every entity hands out an attribute holder (unless told not to): the
 // request shows as the entity's operation `EntityBase.1 GetAttributeHolder <selector>` and each value set
 // on the holder as `AttributeHolder.1 SetValue <value>` of the same entity. Calls are grouped by event:
 // entity requests and operations belong to the event most recently created on the same thread and not yet
 // submitted or destroyed.
+//
+// Beside them, every other call the library makes into the host is recorded in the same order (see
+// HostCalls): the service registry, the web service's operations, the URL utilities, the system facts,
+// the clock, the code-page conversion, the number helpers and the chat performance-metric words. The
+// calls of the stand-in platform are seen through its observer (oKstPlatform/host_control.h), which the
+// host sets for its lifetime; calls made during host bookkeeping (the host's, the fake's or a tool's
+// own work, see host_bookkeeping.h) are not recorded.
 #pragma once
 
 #include <atomic>
@@ -29,6 +36,7 @@
 #include <variant>
 #include <vector>
 
+#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/telemetry_api.h"
 #include "testing/host_bookkeeping.h"
 #include "testing/web_service_fake.h"
@@ -47,7 +55,8 @@ struct Call {
     kAttachEntityList,
     kAttachEntity,
     kSubmitEvent,
-    kDestroyEvent
+    kDestroyEvent,
+    kHostCall,  // any other call into the host: registry, web service, URL utilities, system facts, ...
   };
   Fn fn = Fn::kCreateEvent;
   int event = 0;      // the event the call belongs to (1-based); 0 for none
@@ -65,6 +74,11 @@ struct Call {
   int32_t second_code = 0;    // SubmitEvent
   long long params = -1;      // SubmitEvent: size of the parameter map, -1 for a null map
   bool threw = false;         // the host was told to throw at this call
+  // kHostCall: `name` is the function's qualified name, `args` its salient arguments, `answer` what it
+  // answered when `answered` (std::monostate stands for a null object).
+  std::vector<OpValue> args;
+  OpValue answer;
+  bool answered = false;
 };
 
 struct RecordedEvent {
@@ -101,10 +115,17 @@ class RecordingHost {
   void SetRegistryAvailable(bool available);
   void SetTelemetryPresent(bool present);
   void SetWebServicePresent(bool present);
+  // The service's class object absent from its module, which stays present (or present again, which
+  // also makes the module present).
+  void SetTelemetryClassObjectPresent(bool present);
+  void SetWebServiceClassObjectPresent(bool present);
 
   // Failures on request.
   void SetCreateEventFails(bool fails);
   void SetCreateEntityFails(int32_t type, bool fails);
+  // Makes the n-th CreateEntity of the type from now on answer null, once (1 is the next one); 0
+  // disarms.
+  void SetCreateEntityFailsAt(int32_t type, int n);
   // Makes the n-th host-visible call from now on throw (1-based); 0 disarms.
   void ThrowAtCall(int n);
   // Makes every DestroyEvent throw (after it is recorded), leaving its event open.
@@ -117,16 +138,29 @@ class RecordingHost {
   void SetAttributeHoldersPresent(bool present) { attribute_holders_present_ = present; }
   bool AttributeHoldersPresent() const { return attribute_holders_present_; }
 
-  // Every call so far, in order, across events.
+  // Every telemetry call so far, in order, across events.
   std::vector<Call> Log() const;
+  // Every host call so far, telemetry and the others (kHostCall), in order.
+  std::vector<Call> HostCalls() const;
+  // How many calls of the function of that name (kHostCall: "KstMQ_GetService", "Kst::GetOSVersion",
+  // "ICVWebServiceAPI::FillClientContext", ...) the host has seen in its lifetime, taken or not.
+  int HostCallCount(const std::string& name) const;
   // The events created since the last call of TakeEvents, in order; events still open are included
-  // (as kOpen) and not returned again. Takes the calls out of the log too, and frees what the host
-  // kept for the finished events (their entities included), so that a long session stays small.
-  std::vector<RecordedEvent> TakeEvents();
+  // (as kOpen) and not returned again. Takes the calls out of the log too (into `host_calls`, when
+  // given, every host call in order), and frees what the host kept for the finished events (their
+  // entities included), so that a long session stays small.
+  std::vector<RecordedEvent> TakeEvents(std::vector<Call>* host_calls = nullptr);
   // The events not yet taken, without taking them.
   std::vector<RecordedEvent> Events() const;
   // How many events are open now: created and neither submitted nor destroyed (taken or not).
   int OpenEventCount() const;
+
+  // Records a call outside the telemetry service (kHostCall), the web-service fake's among them. It
+  // belongs to no event and does not count toward ThrowAtCall, which counts telemetry calls.
+  void RecordHostCall(Call call);
+
+  // Called by the platform observer the host sets for its lifetime.
+  void RecordPlatformCall(const KstHost::PlatformCall& platform);
 
   // Called by the recording entities.
   void RecordOp(RecordedEntity& entity, const char* iface, int op, const char* name, OpKind kind,
@@ -158,11 +192,13 @@ class RecordingHost {
   int open_count_ = 0;
   int first_untaken_ = 1;
   std::vector<Call> log_;
+  std::map<std::string, int, std::less<>> host_call_counts_;
   std::vector<std::unique_ptr<RecordedEntity>> stray_entities_;  // requested while no event was open
   std::unordered_map<orbo_entity::EntityBase*, RecordedEntity*> entity_by_base_;
   std::map<std::thread::id, int> open_event_;
   bool create_event_fails_ = false;
   std::set<int32_t> failing_types_;
+  std::map<int32_t, int> failing_countdowns_;  // by type: CreateEntity calls of it until one fails
   int throw_countdown_ = 0;
   bool destroy_event_throws_ = false;
   std::function<void()> create_event_hook_;

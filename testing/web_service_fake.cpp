@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "oKstPlatform/kst_convert.h"
+#include "testing/recording_host.h"
 
 namespace oet_testing {
 namespace {
@@ -12,6 +13,20 @@ namespace {
 // FindKey answers "key:<identifier>", so that a caller handing ResolveShortKey anything but that
 // intermediate key gets nothing.
 constexpr char kIntermediateKeyPrefix[] = "key:";
+
+Call HostCall(const char* name, std::vector<OpValue> args = {}) {
+  Call call;
+  call.fn = Call::Fn::kHostCall;
+  call.name = name;
+  call.args = std::move(args);
+  return call;
+}
+
+Call Answered(Call call, OpValue answer) {
+  call.answer = std::move(answer);
+  call.answered = true;
+  return call;
+}
 
 }  // namespace
 
@@ -55,26 +70,57 @@ int WebServiceFake::CallCount(int op) const {
   return it == calls_.end() ? 0 : it->second;
 }
 
-void WebServiceFake::Count(int op) {
+void WebServiceFake::SetRecorder(std::function<void(Call)> recorder) {
+  std::lock_guard<std::mutex> lock(mutex_);
+  recorder_ = std::move(recorder);
+}
+
+void WebServiceFake::Report(Call call) {
+  std::function<void(Call)> recorder;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    recorder = recorder_;
+  }
+  if (recorder) recorder(std::move(call));
+}
+
+void WebServiceFake::Enter(int op, const Call& call) {
   {
     std::lock_guard<std::mutex> lock(mutex_);
     ++calls_[op];
   }
-  if (throwing_.load()) throw std::runtime_error("web service told to throw");
+  if (throwing_.load()) {
+    Call thrown = call;
+    thrown.threw = true;
+    Report(std::move(thrown));
+    throw std::runtime_error("web service told to throw");
+  }
 }
 
-Kst::CStringT<wchar_t> WebServiceFake::GetAccountDomain(int32_t /*which*/) {
+Kst::CStringT<wchar_t> WebServiceFake::GetAccountDomain(int32_t which) {
   HostBookkeeping bookkeeping;
-  Count(35);
-  std::lock_guard<std::mutex> lock(mutex_);
-  return Kst::Utf8ToWide(domain_);
+  const Call call = HostCall("ICVWebServiceAPI::GetAccountDomain", {which});
+  Enter(35, call);
+  std::string domain;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    domain = domain_;
+  }
+  Report(Answered(call, domain));
+  return Kst::Utf8ToWide(domain);
 }
 
-Kst::CStringT<wchar_t> WebServiceFake::GetAccountWebUrl(int32_t /*which*/, int32_t /*variant*/) {
+Kst::CStringT<wchar_t> WebServiceFake::GetAccountWebUrl(int32_t which, int32_t variant) {
   HostBookkeeping bookkeeping;
-  Count(37);
-  std::lock_guard<std::mutex> lock(mutex_);
-  return Kst::Utf8ToWide(web_url_);
+  const Call call = HostCall("ICVWebServiceAPI::GetAccountWebUrl", {which, variant});
+  Enter(37, call);
+  std::string url;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    url = web_url_;
+  }
+  Report(Answered(call, url));
+  return Kst::Utf8ToWide(url);
 }
 
 void WebServiceFake::SetFillHook(std::function<void()> hook) {
@@ -86,7 +132,9 @@ void WebServiceFake::FillClientContext(ClientContext& context) {
   std::function<void()> hook;
   {
     HostBookkeeping bookkeeping;
-    Count(97);
+    const Call call = HostCall("ICVWebServiceAPI::FillClientContext");
+    Enter(97, call);
+    Report(call);
     std::lock_guard<std::mutex> lock(mutex_);
     hook = fill_hook_;
   }
@@ -101,30 +149,47 @@ void WebServiceFake::FillClientContext(ClientContext& context) {
 
 ICVShortKeyLookup* WebServiceFake::GetShortKeyLookup() {
   HostBookkeeping bookkeeping;
-  Count(100);
-  std::lock_guard<std::mutex> lock(mutex_);
-  return lookup_present_ ? this : nullptr;
+  const Call call = HostCall("ICVWebServiceAPI::GetShortKeyLookup");
+  Enter(100, call);
+  bool present = false;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    present = lookup_present_;
+  }
+  Report(Answered(call, present ? OpValue(std::string("short_key_lookup")) : OpValue()));
+  return present ? this : nullptr;
 }
 
+// The identifier and the keys are shown as the library handed them, embedded NULs included.
 int32_t WebServiceFake::FindKey(const Kst::CStringT<char>& identifier, Kst::CStringT<char>& key) {
   HostBookkeeping bookkeeping;
-  Count(22);
-  std::lock_guard<std::mutex> lock(mutex_);
-  if (short_keys_.count(identifier.c_str()) == 0) return 0;
-  key = (std::string(kIntermediateKeyPrefix) + identifier.c_str()).c_str();
-  return 1;
+  const Call call = HostCall("ICVShortKeyLookup::FindKey", {identifier.str()});
+  Enter(22, call);
+  bool known = false;
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    known = short_keys_.count(identifier.c_str()) != 0;
+  }
+  if (known) key = (std::string(kIntermediateKeyPrefix) + identifier.c_str()).c_str();
+  Report(Answered(call, known ? 1 : 0));
+  return known ? 1 : 0;
 }
 
 void WebServiceFake::ResolveShortKey(const Kst::CStringT<char>& key, Kst::CStringT<char>& short_key) {
   HostBookkeeping bookkeeping;
-  Count(25);
-  std::lock_guard<std::mutex> lock(mutex_);
-  // Only the intermediate key that FindKey wrote resolves; the identifier itself does not.
-  const std::string text = key.c_str();
-  const size_t prefix = sizeof kIntermediateKeyPrefix - 1;
-  if (text.compare(0, prefix, kIntermediateKeyPrefix) != 0) return;
-  const auto it = short_keys_.find(text.substr(prefix));
-  if (it != short_keys_.end()) short_key = it->second.c_str();
+  const Call call = HostCall("ICVShortKeyLookup::ResolveShortKey", {key.str()});
+  Enter(25, call);
+  {
+    std::lock_guard<std::mutex> lock(mutex_);
+    // Only the intermediate key that FindKey wrote resolves; the identifier itself does not.
+    const std::string text = key.c_str();
+    const size_t prefix = sizeof kIntermediateKeyPrefix - 1;
+    const auto it = text.compare(0, prefix, kIntermediateKeyPrefix) == 0
+                        ? short_keys_.find(text.substr(prefix))
+                        : short_keys_.end();
+    if (it != short_keys_.end()) short_key = it->second.c_str();
+  }
+  Report(Answered(call, short_key.str()));  // the short key as the library finds it after the call
 }
 
 }  // namespace oet_testing

@@ -1,6 +1,7 @@
 // A web service whose answers a test or the replay tool sets: the values it writes into the
 // client-context record, the account's domain label and web URL, and the short-key lookup table.
-// It counts the calls of each operation it implements and can be made to throw.
+// It counts the calls of each operation it implements, hands each call to a recorder (the recording
+// host's list of host calls) and can be made to throw.
 #pragma once
 
 #include <atomic>
@@ -8,11 +9,14 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "oKstPlatform/web_service.h"
 #include "testing/host_bookkeeping.h"
 
 namespace oet_testing {
+
+struct Call;
 
 class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
  public:
@@ -38,6 +42,9 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
 
   // Calls of an operation so far, by its number (35, 37, 97, 100; 22 and 25 of the lookup).
   int CallCount(int op) const;
+  // Receives every call as a host call (Call::Fn::kHostCall), in order: FillClientContext when it
+  // starts, the others once they have answered; a call that throws is handed over marked as thrown.
+  void SetRecorder(std::function<void(Call)> recorder);
 
   Kst::CStringT<wchar_t> GetAccountDomain(int32_t which) override;
   Kst::CStringT<wchar_t> GetAccountWebUrl(int32_t which, int32_t variant) override;
@@ -47,7 +54,9 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
   void ResolveShortKey(const Kst::CStringT<char>& key, Kst::CStringT<char>& short_key) override;
 
  private:
-  void Count(int op);
+  // Counts a call of operation `op`; while throwing, reports `call` as thrown and throws.
+  void Enter(int op, const Call& call);
+  void Report(Call call);
 
   mutable std::mutex mutex_;
   ContextAnswer context_;
@@ -58,6 +67,7 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
   std::atomic<bool> throwing_{false};
   std::map<int, int> calls_;
   std::function<void()> fill_hook_;
+  std::function<void(Call)> recorder_;
 };
 
 }  // namespace oet_testing

@@ -1,17 +1,18 @@
-// Sign-in and basic interactions (body 157 with the basic context), the product and device facts,
-// and the service gates of every export of this family.
+// Sign-in and basic interactions (which reads the client context, a missing context list), the product
+// facts with the account's domain label cut out of its web URL, and the device facts. (Their fields:
+// examples/sample-session.jsonl and tests/golden/event_rules.jsonl; the service gates:
+// tests/event_skeleton_test.cpp.)
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "core/web_domains.h"
 #include "oEventTracker/OrboPTPAAP.h"
 #include "oKstPlatform/kst_convert.h"
 #include "tests/param_names.h"
-#include "tests/recorded_event_view.h"
+#include "tests/test_support.h"
 
 namespace {
 
@@ -27,51 +28,38 @@ struct BasicCase {
   int (*track)();
   bool web_service;
   const char* device_ops;  // entity 159
-  const char* body_ops;    // entity 157
   int32_t missing = 0;     // a context type the host does not give
   int fills = 0;           // client-context fills asked of the web service (its operation 97)
 };
 
-void PrintTo(const BasicCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class BasicInteraction : public oet_test::RecordedEventTest,
-                         public ::testing::WithParamInterface<BasicCase> {};
+class BasicInteraction : public oet_test::HostTest, public ::testing::WithParamInterface<BasicCase> {};
 
 // Only sign-in reads the client context, and only for a device entity that it has got.
-TEST_P(BasicInteraction, FillsTheBasicBody) {
+TEST_P(BasicInteraction, ReadsTheClientContextOnlyForSignInsDevice) {
   const BasicCase& c = GetParam();
   host_.SetWebServicePresent(c.web_service);
   if (c.missing != 0) host_.SetCreateEntityFails(c.missing, true);
-  const int fills = host_.web_service().CallCount(97);
   EXPECT_EQ(c.track(), 1);
   const oet_test::EventView event = OnlyEvent();
-  std::vector<int32_t> context{170, 159, 169};
+  oet_test::Types context{170, 159, 169};
   context.erase(std::remove(context.begin(), context.end(), c.missing), context.end());
   EXPECT_EQ(event.ContextTypes(), context);
   EXPECT_EQ(event.Ops(159), c.device_ops);
   EXPECT_EQ(event.BodyType(), 157);
-  EXPECT_EQ(event.Ops(157), c.body_ops);
-  EXPECT_EQ(host_.web_service().CallCount(97) - fills, c.fills);
+  EXPECT_EQ(Asked(97), c.fills);
 }
 
-constexpr char kSignInBody[] = "12=client|7=1|2=5|5=2|15=3|17=4|9=first|10~";
+constexpr char kDevice[] =
+    "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows|DeviceInfo.3=10.0.22631";
 
 INSTANTIATE_TEST_SUITE_P(
     Events, BasicInteraction,
     ::testing::Values(BasicCase{"SignInWithoutWebService", SignIn, false,
-                                "DeviceInfo.2=|DeviceInfo.1=|DeviceInfo.4=|DeviceInfo.3=", kSignInBody},
-                      BasicCase{"SignIn", SignIn, true,
-                                "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows"
-                                "|DeviceInfo.3=10.0.22631",
-                                kSignInBody, 0, 1},
-                      BasicCase{"SignInWithoutDeviceEntity", SignIn, true, "", kSignInBody, 159, 0},
-                      BasicCase{"SignInWithoutFirstEntity", SignIn, true,
-                                "DeviceInfo.2=ws-value|DeviceInfo.1=Example Book 14|DeviceInfo.4=windows"
-                                "|DeviceInfo.3=10.0.22631",
-                                kSignInBody, 170, 1},
-                      BasicCase{"Basic", Basic, true, "", "13=1|7=2|2=6|5=3|15=4|17=5|8~|11=second"}),
+                                "DeviceInfo.2=|DeviceInfo.1=|DeviceInfo.4=|DeviceInfo.3="},
+                      BasicCase{"SignIn", SignIn, true, kDevice, 0, 1},
+                      BasicCase{"SignInWithoutDeviceEntity", SignIn, true, "", 159, 0},
+                      BasicCase{"SignInWithoutFirstEntity", SignIn, true, kDevice, 170, 1},
+                      BasicCase{"Basic", Basic, true, ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(BasicInteraction, WithoutContextEntitiesAttachesNoList) {
@@ -83,48 +71,70 @@ TEST_F(BasicInteraction, WithoutContextEntitiesAttachesNoList) {
   EXPECT_TRUE(event.ContextTypes().empty());
 }
 
-struct ProductCase {
-  bool web_service;
-  const char* stored_domain;
-  std::string web_url;
-  const char* expected_domain;
-  int url_asked;  // calls of the web service's operation 37: only when no label is stored
+// The product facts' domain: the stored label, else the label in the account's web URL: "dev" when the
+// host's URL utilities call the URL development; otherwise the text between "https://" and the last
+// web domain suffix, which must end the URL with something before it; otherwise "aw1". "$N" in a URL or
+// label stands for the build's N-th web domain suffix.
+struct DomainCase {
+  const char* stored;
+  const char* url;
+  const char* domain;  // null: the caller's record is left as it was (no web service)
+  bool development = false;
+  bool url_utils_present = true;
 };
 
-void PrintTo(const ProductCase& c, std::ostream* os) {
-  *os << (c.web_service ? "" : "no web service, ") << "stored " << oet_test::Quoted(c.stored_domain)
-      << ", url " << oet_test::Quoted(c.web_url);
+std::string Expand(std::string text) {
+  for (size_t at; (at = text.find('$')) != std::string::npos;)
+    text.replace(at, 2, Kst::WideToUtf8(oet::kWebDomainSuffixes[text[at + 1] - '0']));
+  return text;
 }
 
-class ProductInfo : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ProductCase> {};
+class ProductInfo : public oet_test::HostTest, public ::testing::WithParamInterface<DomainCase> {
+ protected:
+  void TearDown() override {
+    KstHost::SetDevelopmentUrlPredicate(nullptr);
+    KstHost::SetUrlUtilsPresent(true);
+  }
+};
 
 TEST_P(ProductInfo, TellsVersionLabelAndDomain) {
-  host_.SetWebServicePresent(GetParam().web_service);
-  host_.web_service().SetAccountDomain(GetParam().stored_domain);
-  host_.web_service().SetAccountWebUrl(GetParam().web_url);
-  const int url_asked = host_.web_service().CallCount(37);
+  const DomainCase& c = GetParam();
+  host_.SetWebServicePresent(c.domain != nullptr);
+  host_.web_service().SetAccountDomain(c.stored);
+  host_.web_service().SetAccountWebUrl(Expand(c.url));
+  KstHost::SetDevelopmentUrlPredicate([&c](const Kst::CStringT<wchar_t>&) { return c.development; });
+  KstHost::SetUrlUtilsPresent(c.url_utils_present);
   OrboPTPAAP::PTClientProductEntityStruct info{"from caller", "", ""};
   EXPECT_EQ(OrboPTPAAP::RetrieveClientProductInfo(info), 1);
-  EXPECT_EQ(info.domain + " " + info.client_label + " " + info.client_version,
-            std::string(GetParam().expected_domain) + " client 6.2.10.4512");
-  EXPECT_EQ(host_.web_service().CallCount(37) - url_asked, GetParam().url_asked);
+  EXPECT_EQ(info.domain, c.domain ? Expand(c.domain) : "from caller");
+  EXPECT_EQ(info.client_label + " " + info.client_version, "client 6.2.10.4512");
+  EXPECT_EQ(Asked(37), *c.stored || !c.domain ? 0 : 1);  // the URL only when no label is stored
 }
 
-const std::string kTeamUrl = "https://team" + Kst::WideToUtf8(oet::kWebDomainSuffixes[0]);
+INSTANTIATE_TEST_SUITE_P(
+    Domains, ProductInfo,
+    ::testing::Values(
+        DomainCase{"stored", "https://team$0", nullptr}, DomainCase{"stored", "https://team$0", "stored"},
+        DomainCase{"", "https://acme$0", "acme"}, DomainCase{"", "https://eu.acme$2", "eu.acme"},
+        DomainCase{"", "https://agency$3", "agency"},
+        DomainCase{"", "xhttps://acme$1", "acme"},              // the scheme is found anywhere
+        DomainCase{"", "https://acme$1$1", "acme$1"},           // the last occurrence ends the URL
+        DomainCase{"", "https://acme$1", "dev", true},          // the predicate decides first
+        DomainCase{"", "ftp://x", "dev", true},                 // whatever the URL's form
+        DomainCase{"", "https://acme$1", "acme", true, false},  // no URL utilities, no "dev"
+        DomainCase{"", "http://acme$1", "aw1"}, DomainCase{"", "HTTPS://acme$1", "aw1"},
+        DomainCase{"", "https://acme$1/", "aw1"},  // the suffix must end the URL
+        DomainCase{"", "https://acme$1:443", "aw1"}, DomainCase{"", "https://$1", "aw1"},  // nothing between
+        DomainCase{"", "", "aw1"}, DomainCase{"", "https://bücher$1", "bücher"},
+        DomainCase{"", "https://\xF0\x9F\x98\x80$0", "\xF0\x9F\x98\x80"}),  // a surrogate pair on Windows
+    [](const auto& info) {
+      const DomainCase& c = info.param;
+      return (c.domain ? *c.stored ? std::string("Stored") : "FromUrl_" + oet_test::NameOf(c.url)
+                       : "NoWebService") +
+             (c.development ? "_Development" : "") + (c.url_utils_present ? "" : "_NoUrlUtils");
+    });
 
-INSTANTIATE_TEST_SUITE_P(Domains, ProductInfo,
-                         ::testing::Values(ProductCase{false, "stored", kTeamUrl, "from caller", 0},
-                                           ProductCase{true, "stored", kTeamUrl, "stored", 0},
-                                           ProductCase{true, "", kTeamUrl, "team", 1},
-                                           ProductCase{true, "", "http://team", "aw1", 1}),
-                         [](const auto& info) {
-                           const ProductCase& c = info.param;
-                           if (!c.web_service) return std::string("NoWebService");
-                           return *c.stored_domain ? "StoredLabel"
-                                                   : "FromUrl_" + oet_test::NameOf(c.expected_domain);
-                         });
-
-TEST_F(ProductInfo, DeviceFactsWaitForTheWebService) {
+TEST_F(BasicInteraction, DeviceFactsWaitForTheWebService) {
   OrboPTPAAP::PTClientDeviceEntityStruct info;
   host_.SetWebServicePresent(false);
   OrboPTPAAP::RetrieveClientDeviceInfo(info);
@@ -134,49 +144,5 @@ TEST_F(ProductInfo, DeviceFactsWaitForTheWebService) {
   EXPECT_EQ(info.device_product + "|" + info.web_service_value + "|" + info.os_version + "|" + info.os_name,
             "Example Book 14|ws-value|10.0.22631|windows");
 }
-
-// What each export answers when a service, the event or the host fails: 0 with nothing submitted,
-// except that sign-in and basic interactions need no web service.
-enum Failure { kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows };
-const char* const kFailureNames[] = {"NoRegistry", "NoWebService", "NoTelemetry", "NoEvent", "HostThrows"};
-
-struct GateCase {
-  const char* name;
-  int (*track)();
-  bool needs_web_service;
-};
-
-void PrintTo(const GateCase& c, std::ostream* os) {
-  *os << c.name;
-}
-
-class ServiceGates : public oet_test::RecordedEventTest,
-                     public ::testing::WithParamInterface<std::tuple<GateCase, Failure>> {};
-
-TEST_P(ServiceGates, ReturnZeroWithoutSubmitting) {
-  const auto& [export_case, failure] = GetParam();
-  if (failure == kNoRegistry) host_.SetRegistryAvailable(false);
-  if (failure == kNoWebService) host_.SetWebServicePresent(false);
-  if (failure == kNoTelemetry) host_.SetTelemetryPresent(false);
-  if (failure == kNoEvent) host_.SetCreateEventFails(true);
-  if (failure == kHostThrows) host_.ThrowAtCall(3);
-  const bool goes_out = failure == kNoWebService && !export_case.needs_web_service;
-  EXPECT_EQ(export_case.track(), goes_out ? 1 : 0);
-  for (const auto& event : host_.TakeEvents())
-    EXPECT_EQ(oet_test::EventView(event).submitted(), goes_out);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Exports, ServiceGates,
-    ::testing::Combine(
-        ::testing::Values(
-            GateCase{"Search", [] { return OrboPTPAAP::TrackingPTSearchEvent({}, {}); }, true},
-            GateCase{"SearchV2", [] { return OrboPTPAAP::TrackingPTSearchEventV2({}, {}); }, true},
-            GateCase{"Phone", [] { return OrboPTPAAP::TrackingPhoneInteractEvent({}, {}); }, true},
-            GateCase{"SignIn", SignIn, false}, GateCase{"Basic", Basic, false}),
-        ::testing::Values(kNoRegistry, kNoWebService, kNoTelemetry, kNoEvent, kHostThrows)),
-    [](const auto& info) {
-      return std::string(std::get<0>(info.param).name) + "_" + kFailureNames[std::get<1>(info.param)];
-    });
 
 }  // namespace

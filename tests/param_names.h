@@ -1,5 +1,5 @@
-// How rows of parameterised tests show up in test names and failure messages: short texts built from
-// the row's own values, the same for narrow and wide text and on every platform.
+// How rows of parameterised tests show up in test names: short texts built from the row's own values,
+// the same for narrow and wide text and on every platform.
 #pragma once
 
 #include <cstdint>
@@ -46,22 +46,6 @@ inline std::string NameOf(const char* text) {
 // A test name from a number: "Minus" stands for the sign, which a name cannot hold.
 inline std::string NameOf(int64_t number) {
   return number < 0 ? "Minus" + std::to_string(-static_cast<uint64_t>(number)) : std::to_string(number);
-}
-
-// Text as a quoted literal for failure messages: printable ASCII as it stands, every other unit as \x
-// and its hex code, so broken bytes and lone surrogates show exactly.
-template <class C>
-std::string Quoted(const std::basic_string<C>& text) {
-  std::string out = "\"";
-  for (const C unit : text) {
-    const uint32_t code = UnitCode(unit);
-    if (code == '"' || code == '\\') out += '\\';
-    out += code >= 0x20 && code < 0x7F ? std::string(1, static_cast<char>(code)) : "\\x" + UnitHex(unit);
-  }
-  return out + "\"";
-}
-inline std::string Quoted(const char* text) {
-  return text == nullptr ? "null" : Quoted(std::string(text));
 }
 
 }  // namespace oet_test

@@ -1,17 +1,13 @@
-// The helpers that several events share: the UTC time text, the account's domain label cut out of a
-// web URL, and the short key cut to 16 bytes.
+// The helpers that several events share: the UTC time text and the short key cut to 16 bytes. (The
+// account's domain label: the product facts in tests/basic_and_client_info_test.cpp.)
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "core/short_key.h"
 #include "core/timestamp.h"
-#include "core/vanity_domain.h"
-#include "core/web_domains.h"
-#include "oKstPlatform/kst_convert.h"
-#include "oKstPlatform/url_utils.h"
 #include "tests/param_names.h"
-#include "tests/recorded_event_view.h"
+#include "tests/test_support.h"
 
 namespace {
 
@@ -19,10 +15,6 @@ struct TimeCase {
   int64_t unix_us;
   const char* text;
 };
-
-void PrintTo(const TimeCase& c, std::ostream* os) {
-  *os << c.unix_us << " us";
-}
 
 class UtcTimestamp : public ::testing::TestWithParam<TimeCase> {};
 
@@ -41,62 +33,6 @@ INSTANTIATE_TEST_SUITE_P(
                       TimeCase{4107542400000000, "2100-03-01T00:00:00.000Z"}),  // 2100 has no leap day
     [](const auto& info) { return "Us" + oet_test::NameOf(info.param.unix_us); });
 
-// "$N" in a URL or label stands for the build's N-th web domain suffix.
-struct DomainCase {
-  const char* url;
-  const char* label;
-  bool development = false;
-  bool url_utils_present = true;
-};
-
-std::string Expand(std::string text) {
-  for (size_t at; (at = text.find('$')) != std::string::npos;) {
-    text.replace(at, 2, Kst::WideToUtf8(oet::kWebDomainSuffixes[text[at + 1] - '0']));
-  }
-  return text;
-}
-
-void PrintTo(const DomainCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.url) << (c.development ? ", development URL" : "")
-      << (c.url_utils_present ? "" : ", no URL utilities");
-}
-
-class VanityDomain : public ::testing::TestWithParam<DomainCase> {
- protected:
-  void TearDown() override {
-    KstHost::SetDevelopmentUrlPredicate(nullptr);
-    KstHost::SetUrlUtilsPresent(true);
-  }
-};
-
-TEST_P(VanityDomain, CutsTheLabelOutOfTheUrl) {
-  const DomainCase& c = GetParam();
-  KstHost::SetDevelopmentUrlPredicate([&c](const Kst::CStringT<wchar_t>&) { return c.development; });
-  KstHost::SetUrlUtilsPresent(c.url_utils_present);
-  EXPECT_EQ(oet::DomainLabelOfUrl(Kst::Utf8ToWide(Expand(c.url))), Expand(c.label)) << c.url;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Urls, VanityDomain,
-    ::testing::Values(DomainCase{"https://acme$0", "acme"}, DomainCase{"https://eu.acme$2", "eu.acme"},
-                      DomainCase{"https://agency$3", "agency"},
-                      DomainCase{"xhttps://acme$1", "acme"},              // the scheme is found anywhere
-                      DomainCase{"https://acme$1$1", "acme$1"},           // the last occurrence ends the URL
-                      DomainCase{"https://acme$1", "dev", true},          // the predicate decides first
-                      DomainCase{"ftp://x", "dev", true},                 // whatever the URL's form
-                      DomainCase{"https://acme$1", "acme", true, false},  // no URL utilities, no "dev"
-                      DomainCase{"http://acme$1", "aw1"}, DomainCase{"HTTPS://acme$1", "aw1"},
-                      DomainCase{"https://acme$1/", "aw1"},  // the suffix must end the URL
-                      DomainCase{"https://acme$1:443", "aw1"},
-                      DomainCase{"https://$1", "aw1"},  // nothing between
-                      DomainCase{"", "aw1"}, DomainCase{"https://bücher$1", "bücher"},
-                      DomainCase{"https://\xF0\x9F\x98\x80$0",
-                                 "\xF0\x9F\x98\x80"}),  // a surrogate pair on Windows
-    [](const auto& info) {
-      return oet_test::NameOf(info.param.url) + (info.param.development ? "_Development" : "") +
-             (info.param.url_utils_present ? "" : "_NoUrlUtils");
-    });
-
 struct ShortKeyCase {
   const char* identifier;
   const char* stored;  // the host's short key for "id"; nullptr: unknown to the lookup
@@ -106,12 +42,7 @@ struct ShortKeyCase {
   const char* asked;  // calls of the web service's operation 100 and the lookup's 22 and 25
 };
 
-void PrintTo(const ShortKeyCase& c, std::ostream* os) {
-  *os << oet_test::Quoted(c.identifier) << ", stored " << oet_test::Quoted(c.stored)
-      << (c.lookup_present ? "" : ", no lookup") << (c.web_service_present ? "" : ", no web service");
-}
-
-class ShortKey : public oet_test::RecordedEventTest, public ::testing::WithParamInterface<ShortKeyCase> {};
+class ShortKey : public oet_test::HostTest, public ::testing::WithParamInterface<ShortKeyCase> {};
 
 TEST_P(ShortKey, CutsAtSixteenBytes) {
   const ShortKeyCase& c = GetParam();

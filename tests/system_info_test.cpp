@@ -7,13 +7,9 @@
 #include <vector>
 
 #include "oKstPlatform/chat_metrics.h"
-#include "oKstPlatform/host_control.h"
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/kst_number.h"
-#include "oKstPlatform/kst_time.h"
-#include "oKstPlatform/service_registry.h"
-#include "oKstPlatform/system_info.h"
-#include "oKstPlatform/url_utils.h"
+#include "tests/test_support.h"
 
 namespace {
 

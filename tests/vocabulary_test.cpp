@@ -1,19 +1,15 @@
-// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp (and of the
-// platform stand-in's chat-metrics words) so that a slip in either place fails a row. Every listed value must
-// give its word, and the gaps, 0, -1, the values just past either end and the int32 extremes must give the
-// empty string.
+// Wire words of every vocabulary table, typed out here independently of core/vocabulary.cpp so that a
+// slip in either place fails (the odd spellings the back end expects included). Every listed value must
+// give its word, and the gaps, 0, -1, the values just past either end and the int32 extremes must give
+// the empty string.
 #include "core/vocabulary.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
-#include <ostream>
-#include <set>
+#include <map>
 #include <string>
-#include <vector>
-
-#include "oKstPlatform/chat_metrics.h"
 
 namespace {
 
@@ -30,134 +26,66 @@ struct Table {
   const char* words;
 };
 
-// The host's word function of a chat-metrics enumeration, on the enumeration's integer.
-template <class E, std::string (*F)(E)>
-std::string HostWord(int32_t value) {
-  return F(static_cast<E>(value));
-}
-
-const std::vector<Table>& Tables() {
-  static const std::vector<Table> tables = {
-      {"Tab", oet::TabToString, 1,
-       "chat|home|phone|meetings|apps|meet_chat|contacts|settings|whiteboards|mail|cci|calendar"
-       "|||||hub|workflows|workspaces"},
-      {"CallDirection", oet::CallDirectionToString, 1, "inbound|outbound"},
-      {"InteractionType", oet::InteractionTypeToString, 1,
-       "screen_displayed|button_clicked|keyboard_typed|keyboard_shortcut|touchpad_tapped|clicked"},
-      {"HomeTabFeature", oet::HomeTabFeatureToString, 0,
-       "Unknown|schedule_meeting|share_screen|home_tab|start_a_meeting|join_meeting"},
-      {"HomeTabElement", oet::HomeTabElementToString, 1,
-       "switch_tab|setting_icon|minimize|maximize|close|new_meeting|join|schedule_meeting|share_screen"
-       "|back_to_meeting|join_panel|start_panel|view_panel|three_dot|copy_invitation_panel|edit_panel"
-       "|delete_panel|join_from_a_room_panel|view_upcoming_meetings|copy_id|copy_invitation|pmi_settings"
-       "|dropdown_caret|cancel|save|share_screen_button|schedule|start_a_meeting|join_meeting|ok"
-       "|new_whiteboard|popin|popout|resume_auto_scroll|next_search|prev_search|cancel_search|search"
-       "|automatically|manually|disable_live_transcript|live_transcript|more|text_input"},
-      {"SearchEntry", oet::SearchEntryToString, 1, "global_search_bar|global_search_app"},
-      {"SearchAction", oet::SearchActionToString, 1, "initiate|display|perform|launch|close"},
-      {"SearchResultAction", oet::SearchResultActionToString, 1,
-       "click|chat|meet_with_Video|meet_without_video|phone_call|notify_me_when_available"
-       "|do_not_notify_me_when_available|add_members|view_profile|star_this_contact|add_to_group"
-       "|move_to_folder|add_to_auto_answer_group|block_contact|unblock_contact|delete_contact"
-       "|star_this_channel|notifications|edit_channel|assign_new_admin|manage_posting_permissions"
-       "|clear_chat_history|leave_channel|delete_channel|preview_channel|join_channel|view_context|jump"
-       "|down_load_file|share_file|add_file_to_emoji|open_file|open_in_browser|show_in_folder|copy|delete"
-       "|open_with_other_app|clear_all|join_huddle"},
-      {"SearchCategory", oet::SearchCategoryToString, 1,
-       "all|top_result|contacts|channels|joined_channels|unjoined_public_channels|messages|files"
-       "|recent_searches|spell_check_contact|muc|pmc|room|semantic_unjoined_public_channel|huddles"},
-      {"SearchSection", oet::SearchSectionToString, 1,
-       "contacts|channels|messages|files|joined_channels|unjonied_public_channels|recent_searches"
-       "|spell_check_contact|muc|pmc|room|semantic_unjoined_public_channel|huddles"},
-      {"SearchSource", oet::SearchSourceToString, 1, "none|all|chat|sms"},
-      {"SearchFileType", oet::SearchFileTypeToString, 1,
-       "all files|images|videos|documents|presentations|spreadsheets|whiteboard|other_file_types"},
-      {"SearchSortOrder", oet::SearchSortOrderToString, 1, "most_recent|most_relevant"},
-      {"SearchChatScope", oet::SearchChatScopeToString, 1, "orbo_chat"},
-      {"SurveyStage", oet::SurveyStageToString, 1, "survey_shown|survey_interacted"},
-      {"SurveyAction", oet::SurveyActionToString, 1,
-       "post_meeting_survey|close|minimize|thumbs_up|thumbs_down"},
-  };
-  return tables;
-}
-
-std::vector<std::string> Split(const std::string& words) {
-  std::vector<std::string> out(1);
-  for (char c : words) {
-    if (c == '|') {
-      out.emplace_back();
-    } else {
-      out.back() += c;
-    }
-  }
-  return out;
-}
-
-struct Row {
-  const char* name;
-  WordFn fn;
-  int32_t value;
-  std::string word;
+const Table kTables[] = {
+    {"Tab", oet::TabToString, 1,
+     "chat|home|phone|meetings|apps|meet_chat|contacts|settings|whiteboards|mail|cci|calendar"
+     "|||||hub|workflows|workspaces"},
+    {"CallDirection", oet::CallDirectionToString, 1, "inbound|outbound"},
+    {"InteractionType", oet::InteractionTypeToString, 1,
+     "screen_displayed|button_clicked|keyboard_typed|keyboard_shortcut|touchpad_tapped|clicked"},
+    {"HomeTabFeature", oet::HomeTabFeatureToString, 0,
+     "Unknown|schedule_meeting|share_screen|home_tab|start_a_meeting|join_meeting"},
+    {"HomeTabElement", oet::HomeTabElementToString, 1,
+     "switch_tab|setting_icon|minimize|maximize|close|new_meeting|join|schedule_meeting|share_screen"
+     "|back_to_meeting|join_panel|start_panel|view_panel|three_dot|copy_invitation_panel|edit_panel"
+     "|delete_panel|join_from_a_room_panel|view_upcoming_meetings|copy_id|copy_invitation|pmi_settings"
+     "|dropdown_caret|cancel|save|share_screen_button|schedule|start_a_meeting|join_meeting|ok"
+     "|new_whiteboard|popin|popout|resume_auto_scroll|next_search|prev_search|cancel_search|search"
+     "|automatically|manually|disable_live_transcript|live_transcript|more|text_input"},
+    {"SearchEntry", oet::SearchEntryToString, 1, "global_search_bar|global_search_app"},
+    {"SearchAction", oet::SearchActionToString, 1, "initiate|display|perform|launch|close"},
+    {"SearchResultAction", oet::SearchResultActionToString, 1,
+     "click|chat|meet_with_Video|meet_without_video|phone_call|notify_me_when_available"
+     "|do_not_notify_me_when_available|add_members|view_profile|star_this_contact|add_to_group"
+     "|move_to_folder|add_to_auto_answer_group|block_contact|unblock_contact|delete_contact"
+     "|star_this_channel|notifications|edit_channel|assign_new_admin|manage_posting_permissions"
+     "|clear_chat_history|leave_channel|delete_channel|preview_channel|join_channel|view_context|jump"
+     "|down_load_file|share_file|add_file_to_emoji|open_file|open_in_browser|show_in_folder|copy|delete"
+     "|open_with_other_app|clear_all|join_huddle"},
+    {"SearchCategory", oet::SearchCategoryToString, 1,
+     "all|top_result|contacts|channels|joined_channels|unjoined_public_channels|messages|files"
+     "|recent_searches|spell_check_contact|muc|pmc|room|semantic_unjoined_public_channel|huddles"},
+    {"SearchSection", oet::SearchSectionToString, 1,
+     "contacts|channels|messages|files|joined_channels|unjonied_public_channels|recent_searches"
+     "|spell_check_contact|muc|pmc|room|semantic_unjoined_public_channel|huddles"},
+    {"SearchSource", oet::SearchSourceToString, 1, "none|all|chat|sms"},
+    {"SearchFileType", oet::SearchFileTypeToString, 1,
+     "all files|images|videos|documents|presentations|spreadsheets|whiteboard|other_file_types"},
+    {"SearchSortOrder", oet::SearchSortOrderToString, 1, "most_recent|most_relevant"},
+    {"SearchChatScope", oet::SearchChatScopeToString, 1, "orbo_chat"},
+    {"SurveyStage", oet::SurveyStageToString, 1, "survey_shown|survey_interacted"},
+    {"SurveyAction", oet::SurveyActionToString, 1,
+     "post_meeting_survey|close|minimize|thumbs_up|thumbs_down"},
 };
 
-void PrintTo(const Row& row, std::ostream* os) {
-  *os << row.name << "(" << row.value << ") -> \"" << row.word << "\"";
-}
+class Vocabulary : public testing::TestWithParam<Table> {};
 
-// The odd words the back end expects as they stand, spelled out once more on their own.
-std::vector<Row> OddRows() {
-  return {
-      {"HomeTabFeature", oet::HomeTabFeatureToString, 0, "Unknown"},
-      {"HomeTabFeature", oet::HomeTabFeatureToString, 6, ""},
-      {"HomeTabElement", oet::HomeTabElementToString, 0, ""},
-      {"InteractionType", oet::InteractionTypeToString, 0, ""},
-      {"SearchResultAction", oet::SearchResultActionToString, 3, "meet_with_Video"},
-      {"SearchResultAction", oet::SearchResultActionToString, 4, "meet_without_video"},
-      {"SearchResultAction", oet::SearchResultActionToString, 29, "down_load_file"},
-      {"SearchCategory", oet::SearchCategoryToString, 6, "unjoined_public_channels"},
-      {"SearchSection", oet::SearchSectionToString, 6, "unjonied_public_channels"},
-      {"SearchFileType", oet::SearchFileTypeToString, 1, "all files"},
-      {"SearchSortOrder", oet::SearchSortOrderToString, 3, ""},
-  };
-}
-
-std::vector<Row> TableRows() {
-  std::vector<Row> rows;
-  for (const Table& t : Tables()) {
-    const std::vector<std::string> words = Split(t.words);
-    const int32_t past = t.first + static_cast<int32_t>(words.size());
-    std::set<int32_t> empty = {0, -1, t.first - 1, past, past + 1, kMin, kMax};
-    for (int32_t v = t.first; v < past; ++v) {
-      const std::string& word = words[static_cast<size_t>(v - t.first)];
-      if (!word.empty()) {
-        empty.erase(v);
-        rows.push_back({t.name, t.fn, v, word});
-      } else {
-        empty.insert(v);
-      }
-    }
-    for (int32_t v : empty) {
-      rows.push_back({t.name, t.fn, v, ""});
-    }
+TEST_P(Vocabulary, GivesExactWireWords) {
+  const Table& t = GetParam();
+  std::map<int32_t, std::string> expected = {{0, ""}, {-1, ""}, {t.first - 1, ""}, {kMin, ""}, {kMax, ""}};
+  const std::string words = t.words;
+  int32_t value = t.first;
+  for (size_t start = 0;; start = words.find('|', start) + 1, ++value) {
+    expected[value] = words.substr(start, words.find('|', start) - start);
+    if (words.find('|', start) == std::string::npos) break;
   }
-  return rows;
+  expected[value + 1] = "";
+  expected[value + 2] = "";
+  for (const auto& [v, word] : expected)
+    EXPECT_EQ(t.fn(v), word) << t.name << "(" << v << ")";
 }
 
-std::string RowName(const testing::TestParamInfo<Row>& info) {
-  const int64_t v = info.param.value;
-  return std::string(info.param.name) + "_" + (v < 0 ? "m" + std::to_string(-v) : std::to_string(v));
-}
-
-class VocabularyTest : public testing::TestWithParam<Row> {};
-
-TEST_P(VocabularyTest, GivesExactWireWord) {
-  const Row& row = GetParam();
-  const std::string word = row.fn(row.value);
-  EXPECT_EQ(word, row.word);
-  EXPECT_EQ(word.size(), row.word.size());  // No terminator or padding carried in the string.
-}
-
-INSTANTIATE_TEST_SUITE_P(Tables, VocabularyTest, testing::ValuesIn(TableRows()), RowName);
-INSTANTIATE_TEST_SUITE_P(OddWords, VocabularyTest, testing::ValuesIn(OddRows()), RowName);
+INSTANTIATE_TEST_SUITE_P(Tables, Vocabulary, testing::ValuesIn(kTables),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

@@ -60,6 +60,7 @@ TEST_P(ScalarTest, ChecksTypeAndRange) {
   const std::string type = c.type;
   const std::string error = type == "int32"    ? ReadError<int32_t>(c.json)
                             : type == "uint32" ? ReadError<uint32_t>(c.json)
+                            : type == "uint64" ? ReadError<uint64_t>(c.json)
                             : type == "int64"  ? ReadError<int64_t>(c.json)
                             : type == "uint8"  ? ReadError<uint8_t>(c.json)
                             : type == "bool"   ? ReadError<bool>(c.json)
@@ -87,6 +88,13 @@ INSTANTIATE_TEST_SUITE_P(
         ScalarCase{"int64", "9223372036854775807", ""}, ScalarCase{"int64", "-9223372036854775808", ""},
         ScalarCase{"int64", "9223372036854775808", "out of range for a 64-bit integer"},
         ScalarCase{"uint8", "256", "out of range for an unsigned 8-bit integer"},
+        // Integers too long for 64 bits read as doubles; for an integer member they are out of range.
+        ScalarCase{"int32", "100000000000000000000000000", "1e+26 is out of range for a 32-bit integer"},
+        ScalarCase{"uint64", "18446744073709551616", "is out of range for an unsigned 64-bit integer"},
+        ScalarCase{"int64", "-9223372036854775809", "is out of range for a 64-bit integer"},
+        ScalarCase{"int64", "1e30", "1e+30 is out of range for a 64-bit integer"},
+        ScalarCase{"int64", "1e18", "1e+18 is not an integer"},
+        ScalarCase{"double", "100000000000000000000000000", ""},
         ScalarCase{"bool", "1", "1 is not true or false"}, ScalarCase{"double", "1e300", ""},
         ScalarCase{"double", "null", "null is not a number"}, ScalarCase{"double", "\"NaN\"", ""},
         ScalarCase{"double", "\"-Infinity\"", ""}, ScalarCase{"double", "\"nan\"", "\"nan\" is not a number"},
@@ -189,6 +197,56 @@ TEST(RecordBindingTest, KeepsMembersLeftOutAndWritesWideTextBackAsUtf8) {
   EXPECT_EQ(written["mode"], 1);
 }
 
+// Texts JSON strings cannot carry: any bytes for narrow texts, any UTF-16 units for wide texts, read
+// and written back the same way; valid texts still print as strings.
+TEST(TextFormTest, ReadsAndWritesAnyBytesAndAnyUtf16Units) {
+  std::string narrow;
+  Kst::CStringT<wchar_t> wide;
+  Issues issues;
+  Codec<std::string>::Read(Json::parse(R"({"bytes": "61 e2 82 00FF"})"), narrow, "n", issues);
+  Codec<Kst::CStringT<wchar_t>>::Read(Json::parse(R"({"utf16": "0041 D800 d83d DE00"})"), wide, "w", issues);
+  ASSERT_TRUE(issues.empty()) << issues.messages().front();
+  EXPECT_EQ(narrow, std::string("a\xE2\x82\0\xFF", 5));
+  EXPECT_EQ(Codec<std::string>::Write(narrow).dump(), R"({"bytes":"61 E2 82 00 FF"})");
+  EXPECT_EQ(Codec<Kst::CStringT<wchar_t>>::Write(wide).dump(), R"({"utf16":"0041 D800 D83D DE00"})");
+  EXPECT_EQ(Codec<std::string>::Write("\xE2\x82\xAC").dump(), "\"\xE2\x82\xAC\"");
+  EXPECT_EQ(Codec<Kst::CStringT<wchar_t>>::Write(Kst::Utf8ToWide("\xF0\x9F\x98\x80")).dump(),
+            "\"\xF0\x9F\x98\x80\"");
+  for (const char* wrong : {R"({"bytes": "6"})", R"({"bytes": "6 1"})", R"({"bytes": "6G"})",
+                            R"({"utf16": "41"})", R"({"bytes": 1})", R"({"bytes": "61", "x": 1})"}) {
+    Issues wrong_issues;
+    Codec<std::string>::Read(Json::parse(wrong), narrow, "n", wrong_issues);
+    EXPECT_EQ(wrong_issues.messages().size(), 1u) << wrong;
+  }
+  EXPECT_EQ(ReadError<Kst::CStringT<wchar_t>>(R"({"bytes": "61"})"),
+            R"(field "f": an object is not a string (nor {"utf16": "0061 D800"}))");
+}
+
+// Messages quote what a line holds; bytes that are not UTF-8 are escaped.
+TEST(IssuesTest, EscapesBytesThatAreNotUtf8) {
+  Issues issues;
+  issues.AddField("f", "\"a\xFF\xE2\x82\xAC\xE2\x82\"");
+  EXPECT_THAT(issues.messages(), ElementsAre("field \"f\": \"a\\xFF\xE2\x82\xAC\\xE2\\x82\""));
+}
+
+// The overloads of one name are picked by the arguments a line gives.
+TEST(ExportTest, PicksTheOverloadFromTheArgumentsGiven) {
+  const auto resolved = [](const char* line) {
+    Issues issues;
+    const ExportEntry* entry = ResolveExport("EventTrack::AddEventTrackingLog", Json::parse(line), issues);
+    return entry != nullptr ? entry->name : issues.messages().front();
+  };
+  EXPECT_EQ(resolved(R"({"texts": {}, "note": ""})"), "EventTrack::AddEventTrackingLog(texts)");
+  EXPECT_EQ(resolved(R"({})"), "EventTrack::AddEventTrackingLog(codes)");
+  EXPECT_EQ(resolved(R"({"codes": {}, "tags": {}})"), "EventTrack::AddEventTrackingLog(codes, tags)");
+  EXPECT_EQ(resolved(R"({"tags": {}})"),
+            "field \"call\": the arguments tags fit the overloads (texts), (codes, tags) alike; give one an "
+            "argument the others do not take");
+  EXPECT_EQ(resolved(R"({"texts": {}, "codes": {}})"),
+            "field \"call\": no overload of EventTrack::AddEventTrackingLog takes the arguments texts, codes "
+            "(overloads: (texts), (codes), (codes, tags))");
+}
+
 // An export of the shape of the record-filling exports: an input record and a record it fills.
 int FillItem(const Item& in, Item& out) {
   out.n = in.n * 2;
@@ -216,8 +274,8 @@ TEST(ExportTest, RejectsUnknownArgumentsAndRunsNothing) {
 }
 
 // The event catalog calls every export with sample records: each export's canonical record must read
-// back without a problem, and every member must be listed once (a member type without a Sample in
-// its codec would give null here and fail to read).
+// back without a problem, and every member must be listed once (a member type without a Sampler
+// would give null here and fail to read).
 TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
   for (const auto& entry : Exports()) {
     SampleBuilder samples(3);
@@ -235,7 +293,7 @@ TEST(ExportTest, EveryExportHasSampleRecordsThatReadBack) {
 
 TEST(SampleTest, GivesEveryMemberADistinctCanonicalValueAndTheValuesToTry) {
   SampleBuilder samples(2);
-  const Json canonical = Codec<Outer>::Sample(samples, "o", "o");
+  const Json canonical = Sampler<Outer>::Sample(samples, "o", "o");
   EXPECT_EQ(
       canonical.dump(),
       R"({"mode":1,"items":[{"n":2,"label":"o.items[0].label"},{"n":4,"label":"o.items[1].label"}],)"

@@ -11,10 +11,11 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
+using namespace std::string_literals;
 
 struct LineCase {
   const char* name;
-  const char* line;
+  std::string line;
   std::vector<std::string> messages;
 };
 
@@ -59,12 +60,45 @@ INSTANTIATE_TEST_SUITE_P(
             R"({"a": })",
             {"malformed JSON: parse error at line 1, column 7: syntax error while parsing value - unexpected "
              "'}'; expected '[', '{', or a literal"}},
+        // A NUL byte is a wrong line wherever it stands, not the end of the line.
+        LineCase{
+            "NulAfterAValue", "{\"a\": 1}\0garbage"s, {"malformed JSON: a NUL byte at line 1, column 9"}},
+        LineCase{
+            "NulInsideAString", "{\"a\": \"x\0y\"}"s, {"malformed JSON: a NUL byte at line 1, column 9"}},
+        // Ill-formed bytes in a message are escaped, so that the error stream stays UTF-8.
+        LineCase{
+            "IllFormedBytesEscaped",
+            "{\"a\": \"\xC3\x28\"}",
+            {"malformed JSON: parse error at line 1, column 9: syntax error while parsing value - invalid "
+             "string: ill-formed UTF-8 byte; last read: '\"\\xC3('"}},
         LineCase{
             "TrailingText",
             R"({} {})",
             {"malformed JSON: parse error at line 1, column 4: syntax error while parsing value - unexpected "
              "'{'; expected end of input"}}),
     [](const ::testing::TestParamInfo<LineCase>& info) { return std::string(info.param.name); });
+
+// Nesting is refused past kMaxNesting levels, at the member that goes deeper, so that a line of
+// brackets cannot make the reader take memory without end.
+TEST(ParseLineTest, RefusesNestingPastTheLimit) {
+  const auto nested = [](int levels) {
+    std::string line;
+    for (int i = 0; i < levels; ++i)
+      line += i == 0 ? "{\"a\": " : i % 2 == 1 ? "[" : "{\"a\": ";
+    line += "1";
+    for (int i = levels - 1; i >= 0; --i)
+      line += i % 2 == 1 ? "]" : "}";
+    return line;
+  };
+  Json value;
+  Issues issues;
+  EXPECT_TRUE(ParseLine(nested(kMaxNesting), value, issues));
+  EXPECT_FALSE(ParseLine(nested(kMaxNesting + 1), value, issues));
+  std::string path = "a";
+  for (int i = 1; i < kMaxNesting; ++i)
+    path += i % 2 == 1 ? "[0]" : ".a";
+  EXPECT_THAT(issues.messages(), ElementsAre("field \"" + path + "\": nested deeper than 64 levels"));
+}
 
 TEST(ParseLineTest, KeepsKeysInTheOrderWritten) {
   Json value;

@@ -1,14 +1,15 @@
 # Runs one golden session and fails on any difference (through EMULATOR, when given: wine for the
 # Windows build):
-#   oet-replay FORMAT SCRIPT --check EXPECTED_OUT   (run in DIR, so that messages name SCRIPT as given)
-# FORMAT is --pretty (the JSON the golden sessions compare) unless given (--view for the readable view).
+#   oet-replay FORMAT [EXTRA] SCRIPT --check EXPECTED_OUT   (run in DIR, so that messages name SCRIPT as given)
+# FORMAT is --pretty (the JSON the golden sessions compare) unless given (--view for the readable view);
+# EXTRA is one more option when given (--host-calls).
 # The exit status must be STATUS (0 for a clean session, 1 for one with bad lines), and when
 # EXPECTED_ERR is given, the error output must equal that file.
 if(NOT FORMAT)
   set(FORMAT --pretty)
 endif()
 execute_process(
-  COMMAND ${EMULATOR} "${TOOL}" ${FORMAT} "${SCRIPT}" --check "${EXPECTED_OUT}"
+  COMMAND ${EMULATOR} "${TOOL}" ${FORMAT} ${EXTRA} "${SCRIPT}" --check "${EXPECTED_OUT}"
   WORKING_DIRECTORY "${DIR}"
   RESULT_VARIABLE status
   OUTPUT_VARIABLE out

@@ -3,7 +3,11 @@
 // each entity type it requests answered with null. Each time the export must give its documented
 // failure result (tracking exports 0; the product and device facts 1) or, for a missing service or
 // entity, a result of its own, leave no event open in the host, leak nothing (the sanitizer build's
-// leak check), and work again on the next call.
+// leak check), and work again on the next call. Every call's host calls are checked too: each service
+// is looked up as registry, then module, then class object, each step only after the one before
+// answered, no telemetry call or web-service operation comes before its service was found, nothing
+// past the registry is asked while it is unavailable, and once the client context is filled a call
+// neither fills it again nor asks a machine fact.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -83,6 +87,11 @@ constexpr bool kAllocationsReachTheLibrary = false;
 constexpr bool kAllocationsReachTheLibrary = true;
 #endif
 
+bool IsMachineFact(const oet_testing::Call& call) {
+  return call.fn == oet_testing::Call::Fn::kHostCall && call.name.rfind("Kst::Get", 0) == 0 &&
+         call.name != "Kst::GetCurrentVersion";
+}
+
 class ExportSweep : public ::testing::TestWithParam<std::string> {
  protected:
   // One call, a little over a second after the previous one, so that no rate limit drops it.
@@ -91,8 +100,32 @@ class ExportSweep : public ::testing::TestWithParam<std::string> {
     return call().result;
   }
 
+  // The lookups of the last call as the host contract orders them (see the top of this file).
+  void ExpectLookupsInOrder(const std::string& what) {
+    using Fn = oet_testing::Call::Fn;
+    std::string expected;  // the host call that must come next ("" any)
+    bool telemetry = false;
+    bool web_service = false;
+    for (const oet_testing::Call& call : host.HostCalls()) {
+      const std::string name = call.fn == Fn::kHostCall ? call.name : "telemetry";
+      EXPECT_TRUE(expected.empty() || name == expected) << what << ": " << name << " where " << expected;
+      const auto* answer = std::get_if<std::string>(&call.answer);
+      expected = "";
+      if (name == "KstMQ_GetService" && answer != nullptr) expected = "IServiceRegistry::GetModule";
+      if (name == "IServiceRegistry::GetModule" && answer != nullptr)
+        expected = "IServiceModule::GetClassObject";
+      if (name == "IServiceModule::GetClassObject" && answer != nullptr) {
+        telemetry = telemetry || *answer == "telemetry";
+        web_service = web_service || *answer == "web_service";
+      }
+      EXPECT_TRUE(name != "telemetry" || telemetry) << what << ": a telemetry call before the lookup";
+      EXPECT_TRUE(name.rfind("ICVWebServiceAPI::", 0) != 0 || web_service) << what << ": " << name;
+    }
+  }
+
   // No event of the last call is left open in the host, unless the host's own destroy failed.
   void ExpectNothingAbandoned(const std::string& what) {
+    ExpectLookupsInOrder(what);
     for (const RecordedEvent& event : host.TakeEvents()) {
       if (event.outcome != RecordedEvent::Outcome::kOpen) continue;
       const bool destroy_failed = !event.calls.empty() &&
@@ -126,10 +159,19 @@ TEST_P(ExportSweep, FailsCleanlyAndRecovers) {
     host.TakeEvents();
     const Json normal = Call(call);
     const std::vector<oet_testing::Call> calls = host.Log();
-    host.TakeEvents();
+    for (const oet_testing::Call& c : host.HostCalls()) {
+      EXPECT_FALSE(IsMachineFact(c) || c.name == "ICVWebServiceAPI::FillClientContext")
+          << c.name << " once the client context is filled";
+    }
+    ExpectNothingAbandoned("the steady state");
     host.SetRegistryAvailable(false);
     const Json failure = Call(call);
     host.SetRegistryAvailable(true);
+    for (const oet_testing::Call& c : host.HostCalls()) {
+      EXPECT_TRUE(c.fn == oet_testing::Call::Fn::kHostCall && c.name.rfind("IService", 0) != 0 &&
+                  c.name.rfind("ICV", 0) != 0 && !IsMachineFact(c))
+          << oet_testing::Describe(c) << " without a registry";
+    }
     ExpectNothingAbandoned("no registry");
     ExpectWorksAgain(call, normal, "no registry");
 
@@ -168,6 +210,8 @@ TEST_P(ExportSweep, FailsCleanlyAndRecovers) {
     const std::pair<const char*, std::function<void(bool)>> services[] = {
         {"telemetry", [&](bool present) { host.SetTelemetryPresent(present); }},
         {"web service", [&](bool present) { host.SetWebServicePresent(present); }},
+        {"telemetry class object", [&](bool present) { host.SetTelemetryClassObjectPresent(present); }},
+        {"web-service class object", [&](bool present) { host.SetWebServiceClassObjectPresent(present); }},
         {"URL utilities", [](bool present) { KstHost::SetUrlUtilsPresent(present); }},
         {"short-key lookup", [&](bool present) { host.web_service().SetLookupPresent(present); }},
     };

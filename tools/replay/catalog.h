@@ -35,6 +35,11 @@ namespace oet_replay {
 // Integers are tried from 0 to this value (besides -1, their type's limits and two more values).
 constexpr int kScanTop = 255;
 
+// The canonical arguments of an export (an object with one member per argument, every member of
+// every record a value of its own), with which the catalog's tables are made; benchmarks call the
+// exports with them too.
+Json CanonicalArguments(const ExportEntry& entry);
+
 // The catalog of every export of the table (Exports()).
 void WriteCatalog(std::ostream& out);
 // The catalog of the given exports.

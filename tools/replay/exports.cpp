@@ -7,6 +7,8 @@
 // names of its arguments. Nothing else in the tool changes.
 #include "tools/replay/exports.h"
 
+#include <algorithm>
+
 #include "oEventTracker/EventTrack.h"
 #include "oEventTracker/OrboClipsPAAP.h"
 #include "oEventTracker/OrboPAAP.h"
@@ -514,6 +516,49 @@ const std::vector<ExportEntry>& Exports() {
 
 const ExportEntry* FindExport(const std::string& name) {
   return FindByName(Exports(), name);
+}
+
+const ExportEntry* ResolveExport(const std::string& script_name, const Json& line, Issues& issues) {
+  if (const ExportEntry* exact = FindExport(script_name)) return exact;
+  std::vector<const ExportEntry*> overloads;
+  for (const auto& entry : Exports()) {
+    if (entry.script_name == script_name) overloads.push_back(&entry);
+  }
+  if (overloads.empty()) {
+    issues.AddField("call", "unknown export \"" + script_name + "\"");
+    return nullptr;
+  }
+  std::vector<std::string> given;
+  for (auto it = line.begin(); it != line.end(); ++it) {
+    if (std::find(ScriptKeys().begin(), ScriptKeys().end(), it.key()) == ScriptKeys().end())
+      given.push_back(it.key());
+  }
+  const auto takes_all = [&given](const ExportEntry* entry) {
+    return std::all_of(given.begin(), given.end(), [entry](const std::string& argument) {
+      return std::find(entry->arguments.begin(), entry->arguments.end(), argument) != entry->arguments.end();
+    });
+  };
+  std::vector<const ExportEntry*> fitting;
+  for (const ExportEntry* entry : overloads) {
+    if (!takes_all(entry)) continue;
+    if (!fitting.empty() && entry->arguments.size() < fitting.front()->arguments.size()) fitting.clear();
+    if (fitting.empty() || entry->arguments.size() == fitting.front()->arguments.size())
+      fitting.push_back(entry);
+  }
+  if (fitting.size() == 1) return fitting.front();
+  std::string names;
+  for (const ExportEntry* entry : fitting.empty() ? overloads : fitting)
+    names += (names.empty() ? "" : ", ") + entry->name.substr(script_name.size());
+  std::string arguments;
+  for (const auto& argument : given)
+    arguments += (arguments.empty() ? "" : ", ") + argument;
+  issues.AddField("call", fitting.empty()
+                              ? "no overload of " + script_name + " takes the arguments " +
+                                    (arguments.empty() ? "given" : arguments) + " (overloads: " + names + ")"
+                              : "the arguments " + (arguments.empty() ? "given" : arguments) +
+                                    " fit the overloads " + names +
+                                    " alike; give one an argument the others do not take");
+  return nullptr;
 }
 
 }  // namespace oet_replay

@@ -17,7 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "testing/host_bookkeeping.h"
 #include "tools/replay/json_binding.h"
+#include "tools/replay/record_samples.h"
 
 namespace oet_replay {
 
@@ -32,7 +34,11 @@ struct CallResult {
 using PreparedCall = std::function<CallResult()>;
 
 struct ExportEntry {
-  std::string name;  // qualified, as "OrboPTPAAP::TrackingPTInteractEvent"
+  // Qualified, as "OrboPTPAAP::TrackingPTInteractEvent"; an overload adds its arguments in parentheses,
+  // "EventTrack::AddEventTrackingLog(codes, tags)". The output and the catalog name the call so.
+  std::string name;
+  // What a script calls it by: `name` without an overload's parentheses.
+  std::string script_name;
   std::vector<std::string> arguments;
   std::vector<std::string> argument_types;  // the record of each argument, as its binding names it
   std::vector<bool> fills;                  // whether the export fills the argument
@@ -49,6 +55,11 @@ struct ExportEntry {
 const std::vector<ExportEntry>& Exports();
 // The export of that name, or null.
 const ExportEntry* FindExport(const std::string& name);
+// The export a script line calls: the one registered under `script_name` (its "call"), or, among
+// overloads sharing that name, the one with the fewest arguments that takes every argument the line
+// gives. A full name with its parentheses calls that overload. Null, with the reason in `issues`,
+// when there is none or the arguments fit two overloads alike.
+const ExportEntry* ResolveExport(const std::string& script_name, const Json& line, Issues& issues);
 
 // The members of a script line that belong to the script itself rather than to an export's
 // arguments or a directive's fields.
@@ -130,6 +141,7 @@ template <class Ret, class... Params, size_t... I>
 ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
                        std::array<const char*, sizeof...(Params)> names, std::index_sequence<I...>) {
   ExportEntry entry;
+  entry.script_name = name.substr(0, name.find('('));
   entry.name = std::move(name);
   entry.arguments = {names[I]...};
   entry.argument_types = {ArgumentTypeName<RecordOf<Params>>()...};
@@ -140,7 +152,7 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
                                                   : "";
   entry.sample = [names](SampleBuilder& samples) {
     Json arguments = Json::object();
-    ((arguments[names[I]] = Codec<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
+    ((arguments[names[I]] = Sampler<RecordOf<Params>>::Sample(samples, names[I], names[I])), ...);
     return arguments;
   };
   const std::string export_name = entry.name;
@@ -174,6 +186,7 @@ ExportEntry MakeExport(std::string name, Ret (*fn)(Params...),
         }();
         out.result = std::move(result);
       }
+      oet_testing::HostBookkeeping printing;  // the tool's own work: no host call of the export
       ((kFills<Params> ? void(out.filled[names[I]] = Codec<RecordOf<Params>>::Write(std::get<I>(*records)))
                        : void()),
        ...);

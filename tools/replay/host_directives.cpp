@@ -17,12 +17,24 @@ namespace oet_replay {
 
 namespace {
 
-enum class Service { kRegistry, kTelemetry, kWebService, kUrlUtils, kShortKeyLookup, kAttributeHolders };
+enum class Service {
+  kRegistry,
+  kTelemetry,
+  kWebService,
+  kTelemetryClassObject,
+  kWebServiceClassObject,
+  kUrlUtils,
+  kShortKeyLookup,
+  kAttributeHolders
+};
 
 const std::pair<Service, const char*> kServiceNames[] = {
     {Service::kRegistry, "registry"},
     {Service::kTelemetry, "telemetry"},
     {Service::kWebService, "web_service"},
+    // The service's class object alone: its module stays present and answers null for the class.
+    {Service::kTelemetryClassObject, "telemetry_class_object"},
+    {Service::kWebServiceClassObject, "web_service_class_object"},
     {Service::kUrlUtils, "url_utils"},
     {Service::kShortKeyLookup, "short_key_lookup"},
     // The entities' attribute holders: absent, every entity answers a holder request with null.
@@ -72,6 +84,44 @@ struct Codec<CallPosition> {
       issues.Add(message);
   }
   static Json Write(const CallPosition& position) { return position.value; }
+};
+
+namespace {
+
+// The words of one chat performance-metric word function, by enumeration value: a JSON object whose
+// keys are the values in decimal ({"5": "signoff"}).
+struct WordsByValue {
+  std::map<int32_t, std::string> words;
+};
+
+}  // namespace
+
+template <>
+struct Codec<WordsByValue> {
+  static void Read(const Json& in, WordsByValue& out, const std::string& path, Issues& issues) {
+    std::map<std::string, std::string> texts;
+    Codec<std::map<std::string, std::string>>::Read(in, texts, path, issues);
+    for (const auto& [key, word] : texts) {
+      int32_t value = 0;
+      Issues own;
+      const Json number = Json::parse(key, nullptr, false);
+      if (number.is_discarded() || !number.is_number_integer() || number.dump() != key) {
+        issues.AddField(MemberPath(path, key),
+                        Shown(Json(key)) + " is not an enumeration value (a decimal integer)");
+        continue;
+      }
+      Codec<int32_t>::Read(number, value, MemberPath(path, key), own);
+      for (const auto& message : own.messages())
+        issues.Add(message);
+      if (own.empty()) out.words[value] = word;
+    }
+  }
+  static Json Write(const WordsByValue& table) {
+    Json out = Json::object();
+    for (const auto& [value, word] : table.words)
+      out[std::to_string(value)] = word;
+    return out;
+  }
 };
 
 namespace {
@@ -127,9 +177,27 @@ struct CreateEventFailure {
   bool fails = true;
 };
 
+// Every CreateEntity of the type fails while `fails`; with `nth`, only the nth from now on (1 is the
+// next one), once (0 disarms).
 struct CreateEntityFailure {
   int32_t type = 0;
   bool fails = true;
+  std::optional<int32_t> nth;
+};
+
+// The answers of the chat performance-metric word functions, one table per function, named as the
+// performance-metrics record names its members; replaces the previous words, and values not given
+// answer the host's own words.
+struct MetricWords {
+  WordsByValue fetch_event;
+  WordsByValue fetch_handler_event;
+  WordsByValue file_event;
+  WordsByValue heartbeat_event;
+  WordsByValue login_event;
+  WordsByValue message_event;
+  WordsByValue message_handler_event;
+  WordsByValue platform_event;
+  WordsByValue special_event;
 };
 
 // The n-th host-visible call from now on throws (1 is the next call); 0 disarms.
@@ -137,10 +205,13 @@ struct ThrowAtCall {
   CallPosition at;
 };
 
-// The clock: first set (when given), then advanced (when given).
+// The clock: first set (when given, `set` as a time or `set_us` in Unix microseconds), then advanced
+// (by `advance_ms` milliseconds and `advance_us` microseconds, when given).
 struct Clock {
   std::optional<Kst::Time> set;
+  std::optional<int64_t> set_us;
   std::optional<int64_t> advance_ms;
+  std::optional<int64_t> advance_us;
 };
 
 }  // namespace
@@ -167,11 +238,18 @@ OET_REPLAY_BIND(ServiceSwitch, "the absent and present directives", OET_REPLAY_F
 OET_REPLAY_BIND(CreateEventFailure, "the create_event directive", OET_REPLAY_FIELD(fails))
 
 OET_REPLAY_BIND(CreateEntityFailure, "the create_entity directive", OET_REPLAY_FIELD(type),
-                OET_REPLAY_FIELD(fails))
+                OET_REPLAY_FIELD(fails), OET_REPLAY_FIELD(nth))
+
+OET_REPLAY_BIND(MetricWords, "the metric_words directive", OET_REPLAY_FIELD(fetch_event),
+                OET_REPLAY_FIELD(fetch_handler_event), OET_REPLAY_FIELD(file_event),
+                OET_REPLAY_FIELD(heartbeat_event), OET_REPLAY_FIELD(login_event),
+                OET_REPLAY_FIELD(message_event), OET_REPLAY_FIELD(message_handler_event),
+                OET_REPLAY_FIELD(platform_event), OET_REPLAY_FIELD(special_event))
 
 OET_REPLAY_BIND(ThrowAtCall, "the throw_at_call directive", OET_REPLAY_FIELD(at))
 
-OET_REPLAY_BIND(Clock, "the clock directive", OET_REPLAY_FIELD(set), OET_REPLAY_FIELD(advance_ms))
+OET_REPLAY_BIND(Clock, "the clock directive", OET_REPLAY_FIELD(set), OET_REPLAY_FIELD(set_us),
+                OET_REPLAY_FIELD(advance_ms), OET_REPLAY_FIELD(advance_us))
 
 // ---- What each directive does ----
 
@@ -251,6 +329,12 @@ void SetPresent(Service service, bool present, SessionHost& host) {
     case Service::kWebService:
       host.recording().SetWebServicePresent(present);
       break;
+    case Service::kTelemetryClassObject:
+      host.recording().SetTelemetryClassObjectPresent(present);
+      break;
+    case Service::kWebServiceClassObject:
+      host.recording().SetWebServiceClassObjectPresent(present);
+      break;
     case Service::kUrlUtils:
       KstHost::SetUrlUtilsPresent(present);
       break;
@@ -274,8 +358,35 @@ void ApplyCreateEvent(const CreateEventFailure& d, SessionHost& host) {
   host.recording().SetCreateEventFails(d.fails);
 }
 
-void ApplyCreateEntity(const CreateEntityFailure& d, SessionHost& host) {
+std::string ApplyCreateEntity(const CreateEntityFailure& d, SessionHost& host) {
+  if (d.nth) {
+    if (*d.nth < 0)
+      return "field \"nth\": " + std::to_string(*d.nth) + " is not a position (1 is the next one, 0 disarms)";
+    host.recording().SetCreateEntityFailsAt(d.type, *d.nth);
+    return "";
+  }
   host.recording().SetCreateEntityFails(d.type, d.fails);
+  return "";
+}
+
+void ApplyMetricWords(const MetricWords& d, SessionHost& /*host*/) {
+  using KstHost::PlatformFunction;
+  const std::pair<PlatformFunction, const WordsByValue*> tables[] = {
+      {PlatformFunction::kMetricsFetchEventToString, &d.fetch_event},
+      {PlatformFunction::kMetricsFetchHandlerEventToString, &d.fetch_handler_event},
+      {PlatformFunction::kMetricsFileEventToString, &d.file_event},
+      {PlatformFunction::kMetricsHeartBeatEventToString, &d.heartbeat_event},
+      {PlatformFunction::kMetricsLoginEventToString, &d.login_event},
+      {PlatformFunction::kMetricsMessageEventToString, &d.message_event},
+      {PlatformFunction::kMetricsMessageHandlerEventToString, &d.message_handler_event},
+      {PlatformFunction::kMetricsPlatformEventToString, &d.platform_event},
+      {PlatformFunction::kMetricsSpecialEventToString, &d.special_event},
+  };
+  KstHost::ClearMetricWords();
+  for (const auto& [function, table] : tables) {
+    for (const auto& [value, word] : table->words)
+      KstHost::SetMetricWord(function, value, word);
+  }
 }
 
 void ApplyThrowAtCall(const ThrowAtCall& d, SessionHost& host) {
@@ -284,18 +395,34 @@ void ApplyThrowAtCall(const ThrowAtCall& d, SessionHost& host) {
 
 // The clock stays within the times a script can write (about 292,000 years either side of 1970), so
 // that moving it never overflows.
+constexpr int64_t kClockLimitUs = std::numeric_limits<int64_t>::max() / 1000 * 1000;
+
+// Moves `us` by `by` units of `unit` microseconds; false (and `us` unchanged) when that would leave
+// the clock's range. |us| <= kClockLimitUs holds on entry; |by| is checked first so that by * unit
+// cannot overflow.
+bool MoveWithin(int64_t& us, int64_t by, int64_t unit) {
+  if (by > kClockLimitUs / unit || by < -kClockLimitUs / unit) return false;
+  const int64_t delta = by * unit;
+  if ((delta > 0 && us > kClockLimitUs - delta) || (delta < 0 && us < -kClockLimitUs - delta)) return false;
+  us += delta;
+  return true;
+}
+
 std::string ApplyClock(const Clock& d, SessionHost& /*host*/) {
-  constexpr int64_t kLimitUs = std::numeric_limits<int64_t>::max() / 1000 * 1000;
-  const int64_t from = (d.set ? *d.set : Kst::Time::Now()).ToUnixMicroseconds();
-  const int64_t by = d.advance_ms.value_or(0);
-  // |from| <= kLimitUs holds for every time a script can write; check |by| first so that by * 1000
-  // cannot overflow.
-  if (by > kLimitUs / 1000 || by < -kLimitUs / 1000 || (by > 0 && from > kLimitUs - by * 1000) ||
-      (by < 0 && from < -kLimitUs - by * 1000)) {
-    return "field \"advance_ms\": " + std::to_string(by) +
+  if (d.set && d.set_us) return "fields \"set\" and \"set_us\": give one of them; the clock is unchanged";
+  if (d.set_us && (*d.set_us > kClockLimitUs || *d.set_us < -kClockLimitUs))
+    return "field \"set_us\": " + std::to_string(*d.set_us) +
+           " is out of the clock's range; the clock is unchanged";
+  int64_t us = d.set      ? d.set->ToUnixMicroseconds()
+               : d.set_us ? *d.set_us
+                          : Kst::Time::Now().ToUnixMicroseconds();
+  if (!MoveWithin(us, d.advance_ms.value_or(0), 1000))
+    return "field \"advance_ms\": " + std::to_string(*d.advance_ms) +
            " would move the clock out of range; the clock is unchanged";
-  }
-  KstHost::SetClock(Kst::Time::FromUnixMicroseconds(from + by * 1000));
+  if (!MoveWithin(us, d.advance_us.value_or(0), 1))
+    return "field \"advance_us\": " + std::to_string(*d.advance_us) +
+           " would move the clock out of range; the clock is unchanged";
+  KstHost::SetClock(Kst::Time::FromUnixMicroseconds(us));
   return "";
 }
 
@@ -337,6 +464,7 @@ const std::vector<DirectiveEntry>& Directives() {
       Directive("present", &ApplyPresent, {"service"}),
       Directive("create_event", &ApplyCreateEvent),
       Directive("create_entity", &ApplyCreateEntity, {"type"}),
+      Directive("metric_words", &ApplyMetricWords),
       Directive("throw_at_call", &ApplyThrowAtCall, {"at"}),
       Directive("clock", &ApplyClock),
   };

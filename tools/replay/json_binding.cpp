@@ -7,8 +7,28 @@
 
 namespace oet_replay {
 
+void Issues::Add(const std::string& message) {
+  messages_.push_back(EscapeIllFormed(message));
+}
+
 void Issues::AddField(const std::string& path, const std::string& message) {
-  messages_.push_back("field \"" + path + "\": " + message);
+  Add("field \"" + path + "\": " + message);
+}
+
+std::string EscapeIllFormed(const std::string& text) {
+  if (oet_testing::IsUtf8(text)) return text;
+  std::string out;
+  for (size_t at = 0; at < text.size();) {
+    const size_t length = oet_testing::Utf8SequenceAt(text, at);
+    if (length > 0) {
+      out.append(text, at, length);
+      at += length;
+    } else {
+      out += "\\x" + oet_testing::HexBytes(text.substr(at, 1));
+      ++at;
+    }
+  }
+  return out;
 }
 
 std::string CompactText(const Json& value) {
@@ -44,6 +64,10 @@ void ReadInteger(const Json& in, int64_t min, uint64_t max, const IntegerWords& 
     } else {
       signed_out(value);
     }
+  } else if (in.is_number_float() && (in.get<double>() >= 18446744073709551616.0 ||   // 2^64
+                                      in.get<double>() <= -9223372036854775808.0)) {  // -2^63
+    // An integer too long for 64 bits reads as a double; no integer member can hold it.
+    issues.AddField(path, Shown(in) + " is out of range for " + words.range);
   } else {
     issues.AddField(path, Shown(in) + " is not " + words.kind);
   }
@@ -74,30 +98,144 @@ Json Codec<double>::Write(const double& value) {
   return oet_testing::DoubleToJson(value);
 }
 
-void Codec<std::string>::Read(const Json& in, std::string& out, const std::string& path, Issues& issues) {
-  if (in.is_string()) {
-    out = in.get<std::string>();
-  } else {
-    issues.AddField(path, Shown(in) + " is not a string");
+namespace {
+
+// The units written in `hex` as groups of `digits` hex digits (spaces allowed between groups); false
+// when it is not that.
+bool ReadHexUnits(const std::string& hex, size_t digits, std::vector<uint32_t>& units) {
+  size_t in_unit = 0;
+  for (const char c : hex) {
+    if (c == ' ') {
+      if (in_unit != 0) return false;
+      continue;
+    }
+    const int digit = c >= '0' && c <= '9'   ? c - '0'
+                      : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                      : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                             : -1;
+    if (digit < 0) return false;
+    if (in_unit == 0) units.push_back(0);
+    units.back() = units.back() * 16 + static_cast<uint32_t>(digit);
+    in_unit = (in_unit + 1) % digits;
   }
+  return in_unit == 0;
+}
+
+// A text member: a JSON string (kString), or its form {"KEY": "HEX"} read into `units` of `digits` hex
+// digits each (kUnits); anything else is reported (kWrong).
+enum class TextGiven { kString, kUnits, kWrong };
+TextGiven ReadText(const Json& in, const char* key, size_t digits, const std::string& path, Issues& issues,
+                   std::vector<uint32_t>& units) {
+  if (in.is_string()) return TextGiven::kString;
+  if (!in.is_object()) {
+    issues.AddField(path, Shown(in) + " is not a string");
+    return TextGiven::kWrong;
+  }
+  const std::string form =
+      std::string("{\"") + key + "\": \"" + (digits == 2 ? "61 E2 82" : "0061 D800") + "\"}";
+  if (in.size() != 1 || !in.contains(key)) {
+    issues.AddField(path, Shown(in) + " is not a string (nor " + form + ")");
+    return TextGiven::kWrong;
+  }
+  const Json& hex = in[key];
+  if (!hex.is_string() || !ReadHexUnits(hex.get<std::string>(), digits, units)) {
+    issues.AddField(MemberPath(path, key), Shown(hex) + " is not " + std::to_string(digits) +
+                                               " hex digits a unit, spaces between units allowed");
+    return TextGiven::kWrong;
+  }
+  return TextGiven::kUnits;
+}
+
+// The UTF-16 code units of a wide text, and whether they are well-formed (no lone surrogate). Where
+// wchar_t holds UTF-32, a character above U+FFFF gives a surrogate pair, and a value no UTF-16 can
+// hold (above U+10FFFF, negative) gives FFFD and counts as ill-formed.
+bool Utf16Units(const std::wstring& text, std::vector<uint32_t>& units) {
+  bool well_formed = true;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<uint32_t>(text[i]);
+    if (c >= 0xD800 && c <= 0xDBFF && sizeof(wchar_t) == 2 && i + 1 < text.size() &&
+        static_cast<uint32_t>(text[i + 1]) >= 0xDC00 && static_cast<uint32_t>(text[i + 1]) <= 0xDFFF) {
+      units.push_back(c);
+      units.push_back(static_cast<uint32_t>(text[++i]));
+    } else if (c >= 0xD800 && c <= 0xDFFF) {
+      units.push_back(c);
+      well_formed = false;
+    } else if (c < 0x10000) {
+      units.push_back(c);
+    } else if (c <= 0x10FFFF) {
+      units.push_back(0xD800 + ((c - 0x10000) >> 10));
+      units.push_back(0xDC00 + ((c - 0x10000) & 0x3FF));
+    } else {
+      units.push_back(0xFFFD);
+      well_formed = false;
+    }
+  }
+  return well_formed;
+}
+
+}  // namespace
+
+bool IsTextForm(const Json& value) {
+  return value.is_object() && value.size() == 1 && (value.contains("bytes") || value.contains("utf16"));
+}
+
+void Codec<std::string>::Read(const Json& in, std::string& out, const std::string& path, Issues& issues) {
+  std::vector<uint32_t> bytes;
+  const TextGiven given = ReadText(in, "bytes", 2, path, issues, bytes);
+  if (given == TextGiven::kString) out = in.get<std::string>();
+  if (given == TextGiven::kUnits) out.assign(bytes.begin(), bytes.end());
+}
+
+Json Codec<std::string>::Write(const std::string& value) {
+  return oet_testing::TextToJson(value);
 }
 
 void Codec<Kst::CStringT<char>>::Read(const Json& in, Kst::CStringT<char>& out, const std::string& path,
                                       Issues& issues) {
   std::string text;
-  Codec<std::string>::Read(in, text, path, issues);
-  if (in.is_string()) out = Kst::CStringT<char>(text);
+  Issues own;
+  Codec<std::string>::Read(in, text, path, own);
+  if (own.empty()) out = Kst::CStringT<char>(text);
+  for (const auto& message : own.messages())
+    issues.Add(message);
 }
 
 void Codec<Kst::CStringT<wchar_t>>::Read(const Json& in, Kst::CStringT<wchar_t>& out, const std::string& path,
                                          Issues& issues) {
-  std::string text;
-  Codec<std::string>::Read(in, text, path, issues);
-  if (in.is_string()) out = Kst::Utf8ToWide(text);
+  std::vector<uint32_t> units;
+  const TextGiven given = ReadText(in, "utf16", 4, path, issues, units);
+  if (given == TextGiven::kString) out = Kst::Utf8ToWide(in.get<std::string>());
+  if (given != TextGiven::kUnits) return;
+  std::wstring text;
+  for (size_t i = 0; i < units.size(); ++i) {
+    const uint32_t unit = units[i];
+    // Where wchar_t holds UTF-32, a surrogate pair is one character; a lone surrogate stays as it is.
+    if (sizeof(wchar_t) == 4 && unit >= 0xD800 && unit <= 0xDBFF && i + 1 < units.size() &&
+        units[i + 1] >= 0xDC00 && units[i + 1] <= 0xDFFF) {
+      text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (units[++i] - 0xDC00));
+    } else {
+      text += static_cast<wchar_t>(unit);
+    }
+  }
+  out = Kst::CStringT<wchar_t>(text);
 }
 
 Json Codec<Kst::CStringT<wchar_t>>::Write(const Kst::CStringT<wchar_t>& value) {
-  return Kst::WideToUtf8(value);
+  std::vector<uint32_t> units;
+  if (Utf16Units(value.str(), units)) return Kst::WideToUtf8(value);
+  std::string hex;
+  for (const uint32_t unit : units) {
+    char digits[8];
+    std::snprintf(digits, sizeof digits, "%s%04X", hex.empty() ? "" : " ", static_cast<unsigned>(unit));
+    hex += digits;
+  }
+  Json out = Json::object();
+  out["utf16"] = hex;
+  return out;
+}
+
+Json Codec<Kst::CStringT<char>>::Write(const Kst::CStringT<char>& value) {
+  return oet_testing::TextToJson(value.str());
 }
 
 namespace {
@@ -190,39 +328,6 @@ void Codec<Kst::Time>::Read(const Json& in, Kst::Time& out, const std::string& p
 Json Codec<Kst::Time>::Write(const Kst::Time& value) {
   if (value.is_null()) return 0;
   return FormatIsoTime(value);
-}
-
-}  // namespace oet_replay
-
-namespace oet_replay {
-
-Json SampleText(SampleBuilder& samples, const char* type, const std::string& path,
-                const std::string& value_path) {
-  samples.NextSeed();
-  samples.Add({path, type, "", "other " + value_path, {}});
-  return value_path;
-}
-
-Json Codec<bool>::Sample(SampleBuilder& samples, const std::string& path, const std::string& /*value_path*/) {
-  samples.NextSeed();
-  samples.Add({path, "bool", false, NoSample(), {}});
-  return true;
-}
-
-Json Codec<double>::Sample(SampleBuilder& samples, const std::string& path,
-                           const std::string& /*value_path*/) {
-  const int seed = samples.NextSeed();
-  samples.Add({path, "double", 0.0, -(seed + 0.25), {}});
-  return seed + 0.5;
-}
-
-// Canonical times are minutes apart from 2026-03-09T08:00:00.000Z; the other value a day later.
-Json Codec<Kst::Time>::Sample(SampleBuilder& samples, const std::string& path,
-                              const std::string& /*value_path*/) {
-  constexpr int64_t kBase = 1773043200000;  // 2026-03-09T08:00:00.000Z
-  const int64_t at = kBase + samples.NextSeed() * int64_t{60000};
-  samples.Add({path, "time", 0, FormatIsoTime(Kst::Time::FromUnixMilliseconds(at + 86400000)), {}});
-  return FormatIsoTime(Kst::Time::FromUnixMilliseconds(at));
 }
 
 }  // namespace oet_replay

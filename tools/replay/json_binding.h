@@ -9,11 +9,13 @@
 //  - a record is a JSON object; an unknown member name is an error, a member left out keeps the
 //    record's default value (0 or empty);
 //  - integer members take JSON integers within the member's range (an int32_t member rejects
-//    4294967296); no floats, booleans or strings;
+//    4294967296; an integer too long for 64 bits, which the parser reads as a double, is out of
+//    range too); no other floats, booleans or strings;
 //  - bool members take true or false; double members take any JSON number, or "NaN", "Infinity" and
 //    "-Infinity";
-//  - Kst::CStringT<char> and std::string members take JSON strings (UTF-8, kept byte for byte);
-//    Kst::CStringT<wchar_t> members take JSON strings converted with Kst::Utf8ToWide;
+//  - Kst::CStringT<char> and std::string members take JSON strings (UTF-8, kept byte for byte) or
+//    any bytes as {"bytes": "61 E2 82"}; Kst::CStringT<wchar_t> members take JSON strings converted
+//    with Kst::Utf8ToWide or any UTF-16 code units as {"utf16": "0041 D800"};
 //  - Kst::Time members take an integer (Unix milliseconds; 0 is the null time) or the text
 //    "YYYY-MM-DDTHH:MM:SS.mmmZ" (UTC, exactly that form);
 //  - std::vector members take arrays, std::map<std::string, T> members take objects, std::optional
@@ -22,6 +24,8 @@
 //  - nested records take objects and are read with their own binding.
 // Every problem is reported with the dotted path of the member ("info.first_tab", "list[2].name"),
 // and reading goes on, so that one line reports all its mistakes at once.
+//
+// The event catalog's sample values come from the same bindings (record_samples.h).
 #pragma once
 
 #include <algorithm>
@@ -49,8 +53,9 @@ class Issues {
  public:
   // A problem with one member: `field "info.first_tab": <message>`.
   void AddField(const std::string& path, const std::string& message);
-  // A problem with the line as a whole.
-  void Add(std::string message) { messages_.push_back(std::move(message)); }
+  // A problem with the line as a whole. Bytes of the message that are not UTF-8 (read from a line
+  // that holds them) are escaped as \xHH, so that the error stream stays UTF-8.
+  void Add(const std::string& message);
   bool empty() const { return messages_.empty(); }
   const std::vector<std::string>& messages() const { return messages_; }
 
@@ -62,6 +67,11 @@ class Issues {
 std::string Shown(const Json& value);
 // The value as one line of JSON; bytes that are not UTF-8 are replaced rather than refused.
 std::string CompactText(const Json& value);
+// `text` with every byte that is not part of well-formed UTF-8 written as \xHH.
+std::string EscapeIllFormed(const std::string& text);
+// Whether a JSON value is a text given or printed in its byte form: {"bytes": "..."} (narrow text) or
+// {"utf16": "..."} (wide text), which a record member never is.
+bool IsTextForm(const Json& value);
 // The path of a member inside a record ("info" + "first_tab" -> "info.first_tab").
 std::string MemberPath(const std::string& path, const std::string& member);
 
@@ -72,67 +82,24 @@ struct RecordBinding;
 template <class R>
 const RecordBinding<R>& BindingOf();
 
-// ---- Sample values: what the event catalog (catalog.h) calls an export with ----
-
-// One member as the catalog varies it. Besides its canonical value (which the codec returns), a member
-// has the value of a default record, another value that differs from both (discarded when its type has
-// no third value, as bool), and, for integers, further values tried one at a time.
-struct SampleLeaf {
-  std::string path;  // its place among the call's arguments; "[]" stands for every entry of a list
-  std::string type;  // a short name of its type: "int32", "text", "wide text", "time", "list", ...
-  Json none;
-  Json other;
-  std::vector<Json> scan;
-};
-
-// Makes canonical values (distinct from member to member: each takes the next seed) and lists the
-// members they fill.
-class SampleBuilder {
- public:
-  explicit SampleBuilder(int scan_top) : scan_top_(scan_top) {}
-  int NextSeed() { return ++seed_; }
-  // Integers are tried from 0 to scan_top (and at -1 and their type's limits).
-  int scan_top() const { return scan_top_; }
-  // Lists the member, unless values are being made for a second entry of a list (whose members the
-  // first entry has listed already). Returns its index, or -1.
-  int Add(SampleLeaf leaf) {
-    if (!listing) return -1;
-    leaves_.push_back(std::move(leaf));
-    return static_cast<int>(leaves_.size()) - 1;
-  }
-  SampleLeaf& leaf(int index) { return leaves_[static_cast<size_t>(index)]; }
-  const std::vector<SampleLeaf>& leaves() const { return leaves_; }
-  bool listing = true;
-
- private:
-  int scan_top_;
-  int seed_ = 0;
-  std::vector<SampleLeaf> leaves_;
-};
-
-// The value that stands for "no such value" in a SampleLeaf.
-inline Json NoSample() {
-  return Json(Json::value_t::discarded);
-}
-
 // How one C++ type is read from and written to JSON. The primary template handles bound records;
-// the specialisations below handle the member types that records use. `Sample` (for the catalog)
-// lists the member at `path` and returns its canonical value; `value_path` is the same path with
-// the entry's index in place of "[]", which canonical texts show.
+// the specialisations below handle the member types that records use.
 template <class T, class = void>
 struct Codec {
   static void Read(const Json& in, T& out, const std::string& path, Issues& issues);
   static Json Write(const T& value);
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
-// Whether the catalog can make values of T (the codecs of directive fields need not).
-template <class T, class = void>
-struct HasSample : std::false_type {};
+// The event catalog's sample values of a member of type T (record_samples.h, which a file that binds
+// records includes, through exports.h): each bound member keeps a pointer to it, so that a record
+// bound once is also sampled. Null for a type the catalog does not sample (directive fields).
+class SampleBuilder;
 template <class T>
-struct HasSample<
-    T, std::void_t<decltype(Codec<T>::Sample(std::declval<SampleBuilder&>(), std::string(), std::string()))>>
-    : std::true_type {};
+Json SampleMember(SampleBuilder& samples, const std::string& path, const std::string& value_path);
+
+// Whether T has a binding (OET_REPLAY_BIND and its kin specialise this).
+template <class T>
+struct IsBound : std::false_type {};
 
 // Integers of any width, range-checked. `kind` completes "... is not ", `range` completes "... is out of
 // range for ".
@@ -153,21 +120,6 @@ struct IntegerCodec {
         [&out](int64_t v) { out = static_cast<I>(v); }, [&out](uint64_t v) { out = static_cast<I>(v); });
   }
   static Json Write(const I& value) { return value; }
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& /*value_path*/) {
-    using Limits = std::numeric_limits<I>;
-    const auto max = static_cast<uint64_t>(Limits::max());
-    const auto seed = static_cast<uint64_t>(samples.NextSeed());
-    const uint64_t canonical = seed <= max ? seed : seed % max + 1;  // 1 ... max
-    const uint64_t other = canonical == 1 ? 2 : 1;                   // small: within any table of words
-    SampleLeaf leaf{path, TypeName(), Json(I{0}), Json(static_cast<I>(other)), {}};
-    if constexpr (Limits::is_signed) leaf.scan.push_back(Json(static_cast<I>(-1)));
-    for (uint64_t value = 0; value <= static_cast<uint64_t>(samples.scan_top()) && value <= max; ++value)
-      leaf.scan.push_back(Json(static_cast<I>(value)));
-    if constexpr (Limits::is_signed) leaf.scan.push_back(Json(Limits::min()));
-    if (max > static_cast<uint64_t>(samples.scan_top())) leaf.scan.push_back(Json(Limits::max()));
-    samples.Add(std::move(leaf));
-    return Json(static_cast<I>(canonical));
-  }
   static const char* TypeName() { return Names().first; }
   static const char* Width() { return Names().second; }
   // The type's short name ("int32") and how messages name it ("a 32-bit integer").
@@ -182,22 +134,8 @@ struct IntegerCodec {
     return kNames[kSize][std::numeric_limits<I>::is_signed ? 1 : 0];
   }
 };
-template <>
-struct Codec<int8_t> : IntegerCodec<int8_t> {};
-template <>
-struct Codec<uint8_t> : IntegerCodec<uint8_t> {};
-template <>
-struct Codec<int16_t> : IntegerCodec<int16_t> {};
-template <>
-struct Codec<uint16_t> : IntegerCodec<uint16_t> {};
-template <>
-struct Codec<int32_t> : IntegerCodec<int32_t> {};
-template <>
-struct Codec<uint32_t> : IntegerCodec<uint32_t> {};
-template <>
-struct Codec<int64_t> : IntegerCodec<int64_t> {};
-template <>
-struct Codec<uint64_t> : IntegerCodec<uint64_t> {};
+template <class I>
+struct Codec<I, std::enable_if_t<std::is_integral_v<I> && !std::is_same_v<I, bool>>> : IntegerCodec<I> {};
 // Enumerations take the integers of their underlying type, range-checked the same way.
 template <class E>
 struct Codec<E, std::enable_if_t<std::is_enum_v<E>>> {
@@ -211,16 +149,12 @@ struct Codec<E, std::enable_if_t<std::is_enum_v<E>>> {
       issues.Add(message);
   }
   static Json Write(const E& value) { return static_cast<Underlying>(value); }
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    return Codec<Underlying>::Sample(samples, path, value_path);
-  }
 };
 
 template <>
 struct Codec<bool> {
   static void Read(const Json& in, bool& out, const std::string& path, Issues& issues);
   static Json Write(const bool& value) { return value; }
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
 // Numbers, and the strings "NaN", "Infinity" and "-Infinity" (docs/event-format.md); written back the same
@@ -229,38 +163,31 @@ template <>
 struct Codec<double> {
   static void Read(const Json& in, double& out, const std::string& path, Issues& issues);
   static Json Write(const double& value);
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
-// Sample texts are the member's own path ("info.text_d"), so that the catalog shows where a text went.
-Json SampleText(SampleBuilder& samples, const char* type, const std::string& path,
-                const std::string& value_path);
-
+// Narrow texts: a JSON string (UTF-8, byte for byte), or any bytes as {"bytes": "61 E2 82"} (two hex
+// digits a byte, spaces between bytes allowed). Written back the same way: a string when the text is
+// valid UTF-8, the byte form otherwise.
 template <>
 struct Codec<std::string> {
   static void Read(const Json& in, std::string& out, const std::string& path, Issues& issues);
-  static Json Write(const std::string& value) { return value; }
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    return SampleText(samples, "text", path, value_path);
-  }
+  static Json Write(const std::string& value);
 };
 
 template <>
 struct Codec<Kst::CStringT<char>> {
   static void Read(const Json& in, Kst::CStringT<char>& out, const std::string& path, Issues& issues);
-  static Json Write(const Kst::CStringT<char>& value) { return value.str(); }
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    return SampleText(samples, "text", path, value_path);
-  }
+  static Json Write(const Kst::CStringT<char>& value);
 };
 
+// Wide texts: a JSON string (converted with Kst::Utf8ToWide), or any UTF-16 code units, lone
+// surrogates included, as {"utf16": "0061 D800"} (four hex digits a unit, spaces between units
+// allowed; where wchar_t holds UTF-32 a surrogate pair becomes one character). Written back as UTF-8
+// when the text is well-formed, in the unit form otherwise.
 template <>
 struct Codec<Kst::CStringT<wchar_t>> {
   static void Read(const Json& in, Kst::CStringT<wchar_t>& out, const std::string& path, Issues& issues);
   static Json Write(const Kst::CStringT<wchar_t>& value);
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    return SampleText(samples, "wide text", path, value_path);
-  }
 };
 
 // Written back as the ISO text, or 0 for the null time.
@@ -268,7 +195,6 @@ template <>
 struct Codec<Kst::Time> {
   static void Read(const Json& in, Kst::Time& out, const std::string& path, Issues& issues);
   static Json Write(const Kst::Time& value);
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path);
 };
 
 // "YYYY-MM-DDTHH:MM:SS.mmmZ" -> time; nullopt when the text is not exactly that form or not a real date.
@@ -292,17 +218,6 @@ struct Codec<std::vector<T>> {
       out.push_back(Codec<T>::Write(value));
     return out;
   }
-  // Two entries; the other value keeps the first alone.
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    const int index = samples.Add({path, "list", Json::array(), NoSample(), {}});
-    const Json first = Codec<T>::Sample(samples, path + "[]", value_path + "[0]");
-    const bool listing = samples.listing;
-    samples.listing = false;
-    const Json second = Codec<T>::Sample(samples, path + "[]", value_path + "[1]");
-    samples.listing = listing;
-    if (index >= 0) samples.leaf(index).other = Json::array({first});
-    return Json::array({first, second});
-  }
 };
 
 template <class T>
@@ -322,16 +237,6 @@ struct Codec<std::map<std::string, T>> {
       out[key] = Codec<T>::Write(value);
     return out;
   }
-  // One entry, keyed by the member's path; its members are not varied one by one.
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    samples.Add({path, "map", Json::object(), NoSample(), {}});
-    const bool listing = samples.listing;
-    samples.listing = false;
-    Json out = Json::object();
-    out[value_path] = Codec<T>::Sample(samples, path, value_path);
-    samples.listing = listing;
-    return out;
-  }
 };
 
 template <class T>
@@ -340,14 +245,6 @@ struct Codec<std::optional<T>> {
     Codec<T>::Read(in, out.emplace(), path, issues);
   }
   static Json Write(const std::optional<T>& value) { return value ? Codec<T>::Write(*value) : Json(nullptr); }
-  // Given in the canonical record; a default record leaves it out.
-  static Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-    const size_t before = samples.leaves().size();
-    Json canonical = Codec<T>::Sample(samples, path, value_path);
-    if (samples.listing && samples.leaves().size() > before)
-      samples.leaf(static_cast<int>(before)).none = NoSample();
-    return canonical;
-  }
 };
 
 // One bound member of record R.
@@ -361,13 +258,7 @@ class Field {
           Codec<T>::Read(in, record.*member, path, issues);
         }),
         write_([member](const R& record) { return Codec<T>::Write(record.*member); }),
-        sample_([](SampleBuilder& samples, const std::string& path, const std::string& value_path) {
-          if constexpr (HasSample<T>::value) {
-            return Codec<T>::Sample(samples, path, value_path);
-          } else {
-            return Json();
-          }
-        }) {}
+        sample_(&SampleMember<T>) {}
 
   const char* name() const { return name_; }
   void Read(const Json& in, R& record, const std::string& path, Issues& issues) const {
@@ -382,7 +273,7 @@ class Field {
   const char* name_;
   std::function<void(const Json&, R&, const std::string&, Issues&)> read_;
   std::function<Json(const R&)> write_;
-  std::function<Json(SampleBuilder&, const std::string&, const std::string&)> sample_;
+  Json (*sample_)(SampleBuilder&, const std::string&, const std::string&);
 };
 
 // A bound member, named after itself; used inside a BindingOf specialisation where R is the record.
@@ -391,6 +282,8 @@ class Field {
 // The binding of record Type, shown in messages as `name`, with its fields (OET_REPLAY_FIELD entries).
 // Write it at namespace oet_replay scope.
 #define OET_REPLAY_BIND(Type, name, ...)                                      \
+  template <>                                                                 \
+  struct IsBound<Type> : std::true_type {};                                   \
   template <>                                                                 \
   const ::oet_replay::RecordBinding<Type>& BindingOf<Type>() {                \
     using R = Type;                                                           \
@@ -401,6 +294,8 @@ class Field {
 #define OET_REPLAY_RECORD(Type, ...) OET_REPLAY_BIND(Type, #Type, __VA_ARGS__)
 // A record without members (a script may still give it as an empty object).
 #define OET_REPLAY_EMPTY_RECORD(Type)                                  \
+  template <>                                                          \
+  struct IsBound<Type> : std::true_type {};                            \
   template <>                                                          \
   const ::oet_replay::RecordBinding<Type>& BindingOf<Type>() {         \
     static const ::oet_replay::RecordBinding<Type> binding{#Type, {}}; \
@@ -439,14 +334,6 @@ struct RecordBinding {
     return out;
   }
 
-  Json Sample(SampleBuilder& samples, const std::string& path, const std::string& value_path) const {
-    Json out = Json::object();
-    for (const auto& field : fields)
-      out[field.name()] =
-          field.Sample(samples, MemberPath(path, field.name()), MemberPath(value_path, field.name()));
-    return out;
-  }
-
   const Field<R>* Find(const std::string& member) const {
     for (const auto& field : fields) {
       if (member == field.name()) return &field;
@@ -470,12 +357,6 @@ void Codec<T, Enable>::Read(const Json& in, T& out, const std::string& path, Iss
 template <class T, class Enable>
 Json Codec<T, Enable>::Write(const T& value) {
   return BindingOf<T>().Write(value);
-}
-
-template <class T, class Enable>
-Json Codec<T, Enable>::Sample(SampleBuilder& samples, const std::string& path,
-                              const std::string& value_path) {
-  return BindingOf<T>().Sample(samples, path, value_path);
 }
 
 }  // namespace oet_replay

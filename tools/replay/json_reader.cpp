@@ -30,8 +30,8 @@ class LineBuilder final : public nlohmann::json_sax<Json> {
 
   bool key(string_t& key) override {
     Frame& frame = open_.back();
-    if (!frame.keys.insert(key).second) issues_.AddField(PathTo(key), "given twice in one object");
     frame.key = std::move(key);
+    if (!frame.keys.insert(frame.key).second) issues_.AddField(PathHere(), "given twice in one object");
     return true;
   }
 
@@ -75,7 +75,13 @@ class LineBuilder final : public nlohmann::json_sax<Json> {
     return &elements.back();
   }
 
+  // Refuses a container past the deepest nesting allowed, which stops the reading: every level costs
+  // a frame and a value, so that depth is what bounds the memory a line of brackets can take.
   bool Open(Json container, bool object) {
+    if (open_.size() >= static_cast<size_t>(kMaxNesting)) {
+      issues_.AddField(PathHere(), "nested deeper than " + std::to_string(kMaxNesting) + " levels");
+      return false;
+    }
     Json* value = Put(std::move(container));
     open_.push_back(Frame{value, object, {}, {}});
     return true;
@@ -86,20 +92,21 @@ class LineBuilder final : public nlohmann::json_sax<Json> {
     return true;
   }
 
-  // The path of member `key` of the innermost open object, as the binder writes paths
-  // ("info.first_results[1].section"). Built only for messages.
-  std::string PathTo(const std::string& key) const {
+  // The path of the value the parser is at (the member whose key was read last, or the next entry of
+  // an array), as the binder writes paths ("info.first_results[1].section"). Built only for messages.
+  std::string PathHere() const {
     std::string path;
-    for (size_t i = 0; i + 1 < open_.size(); ++i) {
+    for (size_t i = 0; i < open_.size(); ++i) {
       const Frame& frame = open_[i];
+      const bool innermost = i + 1 == open_.size();
       if (frame.object) {
-        const auto& members = frame.value->get_ref<const Json::object_t&>();
-        path = MemberPath(path, members.back().first);
+        path = MemberPath(path,
+                          innermost ? frame.key : frame.value->get_ref<const Json::object_t&>().back().first);
       } else {
-        path += "[" + std::to_string(frame.value->size() - 1) + "]";
+        path += "[" + std::to_string(frame.value->size() - (innermost ? 0 : 1)) + "]";
       }
     }
-    return MemberPath(path, key);
+    return path;
   }
 
   Json& root_;
@@ -110,6 +117,13 @@ class LineBuilder final : public nlohmann::json_sax<Json> {
 }  // namespace
 
 bool ParseLine(const std::string& text, Json& out, Issues& issues) {
+  // The parser takes a NUL byte for the end of its input and would ignore the rest of the line; no
+  // JSON text holds one (inside a string it must be written \u0000).
+  const size_t nul = text.find('\0');
+  if (nul != std::string::npos) {
+    issues.Add("malformed JSON: a NUL byte at line 1, column " + std::to_string(nul + 1));
+    return false;
+  }
   Issues own;
   LineBuilder builder(out, own);
   const bool parsed = Json::sax_parse(text, &builder, Json::input_format_t::json, true, false);

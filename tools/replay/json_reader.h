@@ -7,7 +7,10 @@
 //  - a key given twice in one object is reported as a wrong field, `field "info.first_tab": given twice
 //    in one object`, with the path of the member (nothing is silently overwritten);
 //  - a number beyond the range of a double (1e400) is malformed JSON, reported with its column like
-//    every other syntax error.
+//    every other syntax error;
+//  - a NUL byte anywhere in the line is malformed JSON (the parser alone would end the line there);
+//  - objects and arrays nest at most kMaxNesting levels deep; a deeper one is reported as a wrong
+//    field, `field "a.b[0]": nested deeper than 64 levels`, and stops the reading of the line.
 #pragma once
 
 #include <string>
@@ -15,6 +18,9 @@
 #include "tools/replay/json_binding.h"
 
 namespace oet_replay {
+
+// The deepest nesting of objects and arrays a line may have (a script needs four or five levels).
+constexpr int kMaxNesting = 64;
 
 // Parses `text` into `out`. Every problem goes to `issues` ("malformed JSON: ..." for syntax errors,
 // one wrong-field message per repeated key); returns whether the line is usable (no issue at all).

@@ -66,6 +66,9 @@ int main(int argc, char** argv) {
   auto* pretty_flag = app.add_flag("--pretty", pretty, "Indent the JSON output, one host call per line");
   app.add_flag("--view", view, "Print the readable view of the events instead of JSON")
       ->excludes(pretty_flag);
+  app.add_flag("--host-calls", options.host_calls,
+               "List under every call all its host calls in order (registry, web service, URL utilities, "
+               "system facts, clock, text conversion, telemetry)");
   app.add_option("-o,--output", options.output, "Write the output to FILE instead of standard output");
   app.add_option("--check", options.expected,
                  "Compare the output with the expected file EXPECTED, print the differences and exit "

@@ -121,6 +121,7 @@ int Replay(const ReplayOptions& options, std::istream& standard_input, std::ostr
   } else {
     SessionOptions session;
     session.format = options.format;
+    session.host_calls = options.host_calls;
     const SessionSummary summary = RunSession(*script, name, session, output, errors);
     if (summary.rejected > 0) {
       errors << name << ": " << summary.rejected << (summary.rejected == 1 ? " line was" : " lines were")

@@ -28,7 +28,8 @@ struct ReplayOptions {
   std::string output;    // write the output to this file; empty: standard output (unless checking)
   std::string expected;  // compare the output with this file; the difference goes to standard output
   OutputFormat format = OutputFormat::kJson;
-  bool catalog = false;  // write the event catalog (catalog.h) instead of running `script`
+  bool catalog = false;     // write the event catalog (catalog.h) instead of running `script`
+  bool host_calls = false;  // list every host call of every call (SessionOptions::host_calls)
 };
 
 int Replay(const ReplayOptions& options, std::istream& standard_input, std::ostream& standard_output,

@@ -5,7 +5,7 @@
 #include <map>
 #include <type_traits>
 
-#include <nlohmann/json.hpp>
+#include "testing/event_json.h"
 
 namespace oet_replay {
 
@@ -60,7 +60,7 @@ std::string ValueText(const oet_testing::OpValue& value) {
         if constexpr (std::is_same_v<T, std::monostate>) {
           return "";
         } else if constexpr (std::is_same_v<T, std::string>) {
-          return nlohmann::json(v).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+          return oet_testing::TextToJson(v).dump();
         } else if constexpr (std::is_same_v<T, bool>) {
           return v ? "true" : "false";
         } else if constexpr (std::is_same_v<T, double>) {

@@ -19,7 +19,8 @@ std::string EntityTitle(int32_t type);
 // "GpuModel"; other names stay as they are ("Prepare").
 std::string FieldName(const std::string& op_name, oet_testing::OpKind kind);
 
-// An operation's argument as text: strings quoted as JSON strings (bytes that are not UTF-8 replaced),
+// An operation's argument as text: strings quoted as JSON strings (a text that is not UTF-8 in its
+// byte form, {"bytes":"61 E2 82"}),
 // integers in decimal, true/false, doubles exactly (the shortest text that reads back as the same
 // double; NaN, inf, -inf and -0 as such). Empty for operations without an argument.
 std::string ValueText(const oet_testing::OpValue& value);

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <istream>
+#include <optional>
 #include <ostream>
 
 #include "testing/event_json.h"
@@ -49,11 +50,9 @@ Step ReadStep(const std::string& text, Issues& issues) {
     issues.AddField("note", Shown(line["note"]) + " is not a string");
   step.name = name.get<std::string>();
   if (is_call) {
-    const ExportEntry* entry = FindExport(step.name);
-    if (entry == nullptr) {
-      issues.AddField(key, "unknown export \"" + step.name + "\"");
-      return step;
-    }
+    const ExportEntry* entry = ResolveExport(step.name, line, issues);
+    if (entry == nullptr) return step;
+    step.name = entry->name;  // an overload by its full name
     step.call = entry->prepare(line, issues);
   } else {
     const DirectiveEntry* entry = FindDirective(step.name);
@@ -79,6 +78,9 @@ SessionSummary RunSession(std::istream& script, const std::string& name, const S
     if (number == 1 && text.rfind("\xEF\xBB\xBF", 0) == 0) text.erase(0, 3);  // a UTF-8 byte-order mark
     Issues issues;
     try {
+      // Reading a line and carrying out a directive are the tool's own work: the host records none of
+      // the platform calls they make.
+      std::optional<oet_testing::HostBookkeeping> tool_work(std::in_place);
       const Step step = ReadStep(text, issues);
       if (step.kind == Step::Kind::kDirective) {
         const std::string problem = step.directive(host);
@@ -86,10 +88,14 @@ SessionSummary RunSession(std::istream& script, const std::string& name, const S
         if (problem.empty() && options.format == OutputFormat::kView)
           output << ViewOfDirective(number, step.name, step.note, step.line);
       } else if (step.kind == Step::Kind::kCall) {
+        host.recording().TakeEvents();  // nothing before the call belongs to it
+        tool_work.reset();
         const CallResult result = step.call();
-        const std::vector<oet_testing::RecordedEvent> events = host.recording().TakeEvents();
+        tool_work.emplace();
+        std::vector<oet_testing::Call> host_calls;
+        const std::vector<oet_testing::RecordedEvent> events = host.recording().TakeEvents(&host_calls);
         if (options.format == OutputFormat::kView) {
-          output << ViewOfCall(number, step.name, step.note, result, events);
+          output << ViewOfCall(number, step.name, step.note, result, events, host_calls, options.host_calls);
         } else {
           Json out = Json::object();
           out["line"] = number;
@@ -98,6 +104,14 @@ SessionSummary RunSession(std::istream& script, const std::string& name, const S
           out["result"] = result.result;
           if (!result.filled.empty()) out["filled"] = result.filled;
           out["events"] = oet_testing::ToJson(events);
+          Json null_events = Json::array();
+          Json listed = Json::array();
+          for (const auto& call : host_calls) {
+            if (IsNullEvent(call)) null_events.push_back(oet_testing::ToJson(call));
+            if (options.host_calls) listed.push_back(oet_testing::ToJson(call));
+          }
+          if (!null_events.empty()) out["null_events"] = std::move(null_events);
+          if (options.host_calls) out["host_calls"] = std::move(listed);
           output << Printed(out, options.format) << "\n";
         }
         ++summary.calls;

@@ -5,8 +5,10 @@
 // "note" when the line has one, its return value ("result", null for an export that returns nothing),
 // the records it filled ("filled", only for exports that fill one) and the events it produced
 // ("events": each with its number, its outcome "submitted", "destroyed" or "open", and its host calls
-// in order). Directives, blank lines and lines starting with "#" write nothing. The readable view
-// (view.h) writes the same as text instead, and shows directives too.
+// in order), then "null_events" when a CreateEvent gave the library no event (each such CreateEvent
+// call), and with SessionOptions::host_calls every host call of the call in order. Directives, blank lines
+// and lines starting with "#" write nothing. The readable view (view.h) writes the same as text instead, and
+// shows directives too.
 //
 // Output is written call by call as the script is read, so that a session of any length runs in
 // memory that does not grow with it.
@@ -49,6 +51,9 @@ enum class OutputFormat {
 
 struct SessionOptions {
   OutputFormat format = OutputFormat::kJson;
+  // Adds to every call the whole ordered list of its host calls ("host_calls"; in the view, "host
+  // calls"): telemetry, registry, web service, URL utilities, system facts, clock, text conversion.
+  bool host_calls = false;
 };
 
 struct SessionSummary {

@@ -24,7 +24,7 @@ std::string CallLine(int line, const std::string& head, const Json& note) {
 
 // Every member of a filled record as `path = value`, nested records flattened with dots.
 void FilledMembers(const Json& value, const std::string& path, int depth, std::string& out) {
-  if (value.is_object() && !value.empty()) {
+  if (value.is_object() && !value.empty() && !IsTextForm(value)) {
     for (auto it = value.begin(); it != value.end(); ++it)
       FilledMembers(*it, MemberPath(path, it.key()), depth, out);
     return;
@@ -103,6 +103,7 @@ class EventTree {
     std::vector<const Call*> ops;
   };
 
+  // The outcome the host recorded: a DestroyEvent or SubmitEvent that threw left the event open.
   std::string Outcome() const {
     for (const auto& call : event_.calls) {
       if (call.fn == Call::Fn::kSubmitEvent && event_.outcome == RecordedEvent::Outcome::kSubmitted) {
@@ -112,7 +113,8 @@ class EventTree {
           text += call.params < 0 ? "  no params" : "  params " + std::to_string(call.params);
         return text;
       }
-      if (call.fn == Call::Fn::kDestroyEvent) return "destroyed (" + std::to_string(call.first_code) + ")";
+      if (call.fn == Call::Fn::kDestroyEvent && event_.outcome == RecordedEvent::Outcome::kDestroyed)
+        return "destroyed (" + std::to_string(call.first_code) + ")";
     }
     return "open";
   }
@@ -143,19 +145,60 @@ class EventTree {
   std::set<int> shown_;
 };
 
+// A value of a host call; std::monostate stands for a null object.
+std::string HostValueText(const oet_testing::OpValue& value) {
+  return value.index() == 0 ? "null" : ValueText(value);
+}
+
+// One host call on one line: telemetry calls as oet_testing::Describe writes them (texts as ValueText
+// shows them), the others as `Name(arguments) -> answer`.
+std::string HostCallLine(const Call& call) {
+  std::string text;
+  if (call.fn == Call::Fn::kHostCall) {
+    text = call.name + "(";
+    for (size_t i = 0; i < call.args.size(); ++i)
+      text += (i == 0 ? "" : ", ") + HostValueText(call.args[i]);
+    text += ")";
+    if (call.answered) text += " -> " + HostValueText(call.answer);
+    return call.threw ? text + "  (threw)" : text;
+  }
+  if (call.fn == Call::Fn::kEntityOp) {
+    Call shown = call;
+    shown.value = std::monostate();
+    shown.threw = false;
+    text = oet_testing::Describe(shown);
+    if (call.value.index() != 0) text += " " + ValueText(call.value);
+    return call.threw ? text + "  (threw)" : text;
+  }
+  return oet_testing::Describe(call);
+}
+
 }  // namespace
 
 std::string ViewOfCall(int line, const std::string& name, const Json& note, const CallResult& result,
-                       const std::vector<RecordedEvent>& events) {
+                       const std::vector<RecordedEvent>& events, const std::vector<Call>& host_calls,
+                       bool list_host_calls) {
   std::string out =
       CallLine(line, result.result.is_null() ? name : name + " -> " + CompactText(result.result), note);
+  bool block = !events.empty() || !result.filled.empty();
+  for (const Call& call : host_calls) {
+    if (!IsNullEvent(call)) continue;
+    out += Indent(1) + HostCallLine(call) + "\n";
+    block = true;
+  }
   for (auto it = result.filled.begin(); it != result.filled.end(); ++it) {
     out += Indent(1) + "filled " + it.key() + "\n";
     FilledMembers(*it, "", 2, out);
   }
   for (const auto& event : events)
     EventTree(event).Write(out);
-  if (!events.empty() || !result.filled.empty()) out += "\n";  // a blank line after a block
+  if (list_host_calls && !host_calls.empty()) {
+    out += Indent(1) + "host calls\n";
+    for (const Call& call : host_calls)
+      out += Indent(2) + HostCallLine(call) + "\n";
+    block = true;
+  }
+  if (block) out += "\n";  // a blank line after a block
   return out;
 }
 

@@ -4,7 +4,7 @@
 // category. Each enumeration has a word function that gives a value's word: the event name under which
 // the back end files the measurement. The words belong to the host; the tracking library only asks for
 // them. Each enumerator below shows its word. In every enumeration 0 means "no event of this category"
-// and gives the empty word, as does any value not listed. The functions are pure and thread safe.
+// and gives the empty word, as does any value not listed. The functions are thread safe.
 //
 // Five of the words name noisy events that the performance-metrics event sends at most once a second:
 // "webview_error", "network_disconnect", "signoff", "tp_on_tracking" and "tp_on_data_indicate".

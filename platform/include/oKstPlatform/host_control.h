@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "oKstPlatform/kst_export.h"
@@ -75,6 +76,13 @@ struct PlatformCall {
 // The function's qualified name, as a host program prints it ("KstMQ_GetService",
 // "IServiceRegistry::GetModule", "Kst::GetRegionName", "kst_str_convert", ...).
 KST_API const char* PlatformFunctionName(PlatformFunction function);
+
+// The chat performance-metric word functions' answers: `function` names the word function (one of the
+// kMetrics...ToString values), and the function answers `word` for `value` until the words are
+// cleared; values without a word of the host program's keep the stand-in's own words. The word
+// functions read the table without a lock.
+KST_API void SetMetricWord(PlatformFunction function, int32_t value, const std::string& word);
+KST_API void ClearMetricWords();
 
 // Called for every platform call; it must not throw. A host program that keeps state for it keeps it
 // where the function finds it (the stand-in hands over nothing but the call).

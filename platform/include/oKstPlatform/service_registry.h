@@ -4,8 +4,6 @@
 // GetClassObject gives a service's interface by its class string. Every step may answer null.
 #pragma once
 
-#include <cstdint>
-
 #include "oKstPlatform/kst_export.h"
 #include "oKstPlatform/kst_reserved.h"
 
@@ -41,23 +39,18 @@ class IServiceRegistry {
 KST_API IServiceRegistry* KstMQ_GetService();
 
 // Host-program side: fill and empty the registry. Registered objects stay owned by the caller, who
-// must unregister them before destroying them.
+// must unregister them before destroying them. Lookups take no lock and write nothing; the registry
+// keeps every module and class string it was ever given (modules are never freed), so that a module
+// handed out stays valid.
 namespace KstHost {
+// Registers the object and makes its module present.
 KST_API void RegisterClassObject(const char* module_name, const char* class_string, void* object);
+// The module absent (GetModule answers null) and its class objects unregistered.
 KST_API void UnregisterModule(const char* module_name);
+// The class object unregistered (GetClassObject answers null); the module stays present.
 KST_API void UnregisterClassObject(const char* module_name, const char* class_string);
+// Every module absent.
 KST_API void ClearRegistry();
 // While unavailable, KstMQ_GetService() answers null. Available at start.
 KST_API void SetRegistryAvailable(bool available);
-
-// How often the registry has been asked since the process started, for host programs that check the
-// lookups a library makes: KstMQ_GetService calls (registry), GetModule calls naming the module
-// (module) and GetClassObject calls on it (class_object). The module counts cover modules that have
-// been registered at least once; they survive unregistering.
-struct RegistryQueryCounts {
-  uint64_t registry = 0;
-  uint64_t module = 0;
-  uint64_t class_object = 0;
-};
-KST_API RegistryQueryCounts RegistryQueries(const char* module_name);
 }  // namespace KstHost

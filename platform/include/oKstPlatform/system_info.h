@@ -21,7 +21,7 @@ KST_API CStringT<wchar_t> GetRegionName();
 KST_API CStringT<wchar_t> GetGPUModel();
 KST_API CStringT<wchar_t> GetCPUType();
 KST_API CStringT<wchar_t> GetCPUName();
-// Total physical memory in whole gigabytes.
+// Total physical memory in whole gigabytes (signed, as the host keeps it).
 KST_API int32_t GetTotalRAMGB();
 // Diagonal of the main screen in inches, as text.
 KST_API CStringT<wchar_t> GetScreenSizeIn();
@@ -44,7 +44,7 @@ enum class SystemFact {
   kGPUModel,
   kCPUType,
   kCPUName,
-  kTotalRAMGB,  // decimal text
+  kTotalRAMGB,  // decimal text, signed
   kScreenSizeIn,
   kResolution,
   kNetworkType,
@@ -52,13 +52,10 @@ enum class SystemFact {
   kCurrentVersion,
 };
 
-// Makes the fact answer `utf8_value` until cleared.
+// Makes the fact answer `utf8_value` until cleared (kTotalRAMGB: its decimal text, which may be
+// negative). The queries read the overrides without a lock and write nothing; a host program that
+// wants to see them watches them through the platform observer (oKstPlatform/host_control.h).
 KST_API void OverrideSystemFact(SystemFact fact, const std::string& utf8_value);
 KST_API void ClearSystemFactOverrides();
-// How many machine facts have been asked for since the process started (the client version, which
-// is not a fact of the machine, is not counted).
-KST_API uint64_t SystemQueryCount();
-// How many times the client version has been asked for since the process started.
-KST_API uint64_t VersionQueryCount();
 
 }  // namespace KstHost
