@@ -45,8 +45,9 @@ void FillRecord(ICVWebServiceAPI& web_service, ClientContext& record) {
   Kst::GetOSVersion(record.os_version, build, 1);
   record.system_product_name = Kst::GetSystemProductName();
   record.system_manufacturer = Kst::GetSystemManufacturer();
-  if (record.system_product_name.IsEmpty()) record.system_product_name = L"unknown";
-  if (record.system_manufacturer.IsEmpty()) record.system_manufacturer = L"unknown";
+  // Empty as the facts go out (up to the first NUL): "unknown".
+  if (record.system_product_name.c_str()[0] == L'\0') record.system_product_name = L"unknown";
+  if (record.system_manufacturer.c_str()[0] == L'\0') record.system_manufacturer = L"unknown";
   record.region = Kst::GetRegionName();
   record.gpu_model = Kst::GetGPUModel();
   record.cpu_type = Kst::GetCPUType();

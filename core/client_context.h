@@ -27,7 +27,8 @@
 namespace oet {
 
 // One cached text: the UTF-8 of the host's wide string (up to its first NUL), and whether the host's
-// string was empty by its own emptiness test (which decides between a field's clear and set).
+// string was empty by its own emptiness test (which decides whether the web service has filled the
+// cache). A field's clear or set, like every gate on a text, looks at the UTF-8 text.
 struct CachedText {
   std::string utf8;
   bool empty = true;

@@ -1,5 +1,9 @@
 #include "core/event.h"
 
+#if OET_FORCED_UNWIND
+#include <pthread.h>
+#endif
+
 #include "core/client_context.h"
 #include "core/context_entities.h"
 
@@ -45,8 +49,34 @@ int EventDraft::Destroy() {
   return 0;
 }
 
+namespace {
+
+// Holds off the cancellation of the calling thread while it lives (see Guarded): a destructor cannot
+// let the cancellation's unwinding through, so it acts at the thread's next cancellation point instead.
+class CancellationHeldOff {
+ public:
+#if OET_FORCED_UNWIND
+  CancellationHeldOff() {
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &previous_);
+  }
+  ~CancellationHeldOff() {
+    pthread_setcancelstate(previous_, nullptr);
+  }
+#endif
+  CancellationHeldOff(const CancellationHeldOff&) = delete;
+  CancellationHeldOff& operator=(const CancellationHeldOff&) = delete;
+
+ private:
+#if OET_FORCED_UNWIND
+  int previous_ = PTHREAD_CANCEL_ENABLE;
+#endif
+};
+
+}  // namespace
+
 void EventDraft::DestroyIfOpen() noexcept {
   if (event_ == nullptr) return;
+  const CancellationHeldOff held;
   try {
     Destroy();
   } catch (...) {

@@ -22,6 +22,15 @@
 #include "core/host.h"
 #include "oEventTracker/OrboPTPAAP/tracking.h"
 
+// Whether thread cancellation unwinds as abi::__forced_unwind: glibc with the GNU C++ library (not
+// MinGW, where threads are not cancelled this way, nor other C libraries).
+#if defined(__GLIBC__) && defined(__GLIBCXX__)
+#include <cxxabi.h>
+#define OET_FORCED_UNWIND 1
+#else
+#define OET_FORCED_UNWIND 0
+#endif
+
 namespace oet {
 
 inline constexpr int32_t kContextAttachment = 203;
@@ -144,12 +153,21 @@ class EventDraft {
 
 // Runs an export's body so that nothing is thrown across the library boundary: any exception
 // (a throwing host operation, a failed allocation) gives `on_failure`, the export's documented result
-// for that case (0 for tracking exports). Everything the library allocates is owned by local objects
-// and released on the way out.
-template <class Body>
-int Guarded(Body&& body, int on_failure = 0) noexcept {
+// for that case (0 for tracking exports; what `body` returns is the export's result). Everything the
+// library allocates is owned by local objects and released on the way out.
+//
+// One unwinding is let through: the cancellation of the caller's thread (POSIX threads with glibc, where
+// cancellation unwinds the thread's stack as the exception abi::__forced_unwind). Swallowing it would
+// abort the process, so it goes on to the thread's end, destroying the open event on its way. Hence
+// Guarded is not noexcept, and neither are the exports.
+template <class Body, class Result = int>
+Result Guarded(Body&& body, Result on_failure = Result()) {
   try {
     return body();
+#if OET_FORCED_UNWIND
+  } catch (abi::__forced_unwind&) {
+    throw;
+#endif
   } catch (...) {
     return on_failure;
   }

@@ -35,9 +35,16 @@ E* CreateEntity(iOrbotelemetryAPI* telemetry) {
   return static_cast<E*>(telemetry->CreateEntity(E::kTypeId));
 }
 
-// Host strings are read up to their first NUL, narrow and wide alike: a string with an embedded NUL
-// goes out as the text before it (and one that starts with NUL, which the host does not call empty,
-// as the empty text).
+// How texts go out, embedded NULs included:
+//  - A text the library hands to the host as the caller's own object, by reference and unchanged (a
+//    record's std::string, a host string's own std::string through str(), an identifier handed to a
+//    web-service lookup), is passed as it is, embedded NULs included.
+//  - Every text the library converts, cuts or builds follows the first-NUL rule: host strings are read
+//    up to their first NUL, narrow and wide alike, so a string with an embedded NUL goes out as the text
+//    before it (and one that starts with NUL, which the host does not call empty, as the empty text).
+//  - A gate on a text ("empty", "longer than 2 bytes") looks at the text as the library sends it: the
+//    whole object when it is passed as it is, the text before the first NUL otherwise (so a host string
+//    that starts with NUL counts as empty wherever it would go out cut).
 
 // The text of a narrow host string (UTF-8), as TextOf gives it: the string's own text when it holds no
 // NUL (nothing is copied), else the text before its first NUL, kept inside this object. A temporary
@@ -92,6 +99,9 @@ inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) {
 inline bool IsEmptyValue(const std::string& text) {
   return text.empty();
 }
+inline bool IsEmptyValue(const HostText& text) {
+  return text.empty();
+}
 template <class Number, std::enable_if_t<std::is_arithmetic_v<Number>, int> = 0>
 constexpr bool IsEmptyValue(Number value) {
   return value == 0;
@@ -109,24 +119,21 @@ OET_INLINE_FIELD_STEP void SetOrClearValue(E* entity, void (E::*clear)(), void (
   }
 }
 
-// The rule for string fields copied from input: an empty source clears the field, anything else sets
-// its UTF-8 text.
+// The rule for string fields copied from input: a source whose UTF-8 text (up to its first NUL) is
+// empty clears the field, anything else sets that text.
 template <class E, class Source>
 OET_INLINE_FIELD_STEP void SetOrClear(E* entity, void (E::*clear)(), void (E::*set)(const std::string&),
                                       const Source& source) {
-  if (source.IsEmpty()) {
-    (entity->*clear)();
-  } else {
-    (entity->*set)(Utf8Of(source));
-  }
+  SetOrClearValue(entity, clear, set, Utf8Of(source));
 }
 
-// The rule of the performance reports: an empty source leaves the field alone (nothing is called, no
-// clear), anything else sets its UTF-8 text.
+// The rule of the performance reports: a source whose UTF-8 text (up to its first NUL) is empty leaves
+// the field alone (nothing is called, no clear), anything else sets that text.
 template <class E, class Source>
 OET_INLINE_FIELD_STEP void SetUnlessEmpty(E* entity, void (E::*set)(const std::string&),
                                           const Source& source) {
-  if (!source.IsEmpty()) (entity->*set)(Utf8Of(source));
+  const auto& text = Utf8Of(source);
+  if (!IsEmptyValue(text)) (entity->*set)(text);
 }
 
 }  // namespace oet

@@ -9,7 +9,6 @@ namespace {
 struct Store {
   std::mutex mutex;
   PostMeetingStrings strings;
-  uint64_t generation = 0;
 };
 
 Store& TheStore() {
@@ -19,26 +18,24 @@ Store& TheStore() {
 
 }  // namespace
 
-PostMeetingSnapshot SnapshotPostMeetingStrings() {
+PostMeetingStrings TakePostMeetingStrings() {
   Store& store = TheStore();
+  PostMeetingStrings taken;
   std::lock_guard<std::mutex> lock(store.mutex);
-  return PostMeetingSnapshot{store.strings, store.generation};
+  taken.text3 = store.strings.text3;  // the only copy: it stays (a failed copy leaves all as it was)
+  taken.text1 = std::move(store.strings.text1);
+  taken.text2 = std::move(store.strings.text2);
+  taken.text4 = std::move(store.strings.text4);
+  store.strings.text1 = Kst::CStringT<char>();
+  store.strings.text2 = Kst::CStringT<char>();
+  store.strings.text4 = Kst::CStringT<char>();
+  return taken;
 }
 
 void StorePostMeetingStrings(PostMeetingStrings strings) {
   Store& store = TheStore();
   std::lock_guard<std::mutex> lock(store.mutex);
   store.strings = std::move(strings);
-  ++store.generation;
-}
-
-void ClearReportedPostMeetingStrings(uint64_t generation) {
-  Store& store = TheStore();
-  std::lock_guard<std::mutex> lock(store.mutex);
-  if (store.generation != generation) return;  // a newer meeting's strings: keep them
-  store.strings.text1 = Kst::CStringT<char>();
-  store.strings.text2 = Kst::CStringT<char>();
-  store.strings.text4 = Kst::CStringT<char>();
 }
 
 }  // namespace oet

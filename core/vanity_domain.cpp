@@ -44,10 +44,10 @@ std::string DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url) {
 }
 
 std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read) {
-  const Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
-  if (!label.IsEmpty()) {
+  std::string label = ToUtf8(web_service.GetAccountDomain(0));
+  if (!label.empty()) {  // as it goes out: a label that starts with NUL counts as empty
     if (read == WebUrlRead::kAlways) web_service.GetAccountWebUrl(0, 0);  // asked for, not needed
-    return ToUtf8(label);
+    return label;
   }
   return DomainLabelOfUrl(web_service.GetAccountWebUrl(0, 0));
 }

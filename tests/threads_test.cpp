@@ -60,7 +60,7 @@ TEST_P(ConcurrentExports, EveryEventWholeAndStateConsistent) {
   EXPECT_TRUE(filled_first ? Asked(97) == fills : Asked(97) > fills);
   for (const auto& event : events)
     EXPECT_EQ(oet_testing::Describe(event.calls).back(), "SubmitEvent 3 1 params=0");
-  EXPECT_EQ(oet::SnapshotPostMeetingStrings().strings.text3, L"meeting");
+  EXPECT_EQ(oet::TakePostMeetingStrings().text3, L"meeting");
 }
 
 INSTANTIATE_TEST_SUITE_P(Cache, ConcurrentExports, ::testing::Bool(),
@@ -150,7 +150,7 @@ TEST_F(PostMeeting, StoresRacingReports) {
     ASSERT_EQ(text1.empty() ? "" : text1.substr(1), text2.empty() ? "" : text2.substr(1)) << ops;
     reported.insert(text1);
   }
-  const auto kept = oet::SnapshotPostMeetingStrings().strings;
+  const auto kept = oet::TakePostMeetingStrings();
   const std::string last = std::to_string(kStores);
   EXPECT_TRUE(kept.text1.str() == "a" + last || (kept.text1.IsEmpty() && reported.count("a" + last) == 1))
       << kept.text1.str();

@@ -70,40 +70,41 @@ void ReadInto(Kst::CStringT<char>& interaction_word, Kst::CStringT<char>& action
 }  // namespace
 
 Kst::CStringT<char> FormatJoinMeetingInteractInfoAsString(const PTJoinMeetingInteractInfo_s& info) {
-  try {
-    // Written on the stack and made into the host string at once, so that only the host string
-    // allocates (the words are a table's, a few dozen characters at most).
-    const std::string& interaction = oet::JoinMeetingInteractionWord(info.interaction_type);
-    const std::string& action = oet::JoinScreenActionWord(info.join_screen_action);
-    char text[256];
-    const size_t length = interaction.size() + action.size() + 5;
-    const char first = info.first_flag != 0 ? '1' : '0';
-    const char second = info.second_flag != 0 ? '1' : '0';
-    if (length > sizeof text) {
-      return Kst::CStringT<char>(interaction + kSeparator + action + kSeparator + first + kSeparator +
-                                 second);
-    }
-    char* out = std::copy(interaction.begin(), interaction.end(), text);
-    *out++ = kSeparator;
-    out = std::copy(action.begin(), action.end(), out);
-    *out++ = kSeparator;
-    *out++ = first;
-    *out++ = kSeparator;
-    *out++ = second;
-    return Kst::CStringT<char>(text, static_cast<int>(out - text));
-  } catch (...) {
-    return Kst::CStringT<char>();  // only when memory runs out
-  }
+  // The empty text only when memory runs out.
+  return oet::Guarded(
+      [&] {
+        // Written on the stack and made into the host string at once, so that only the host string
+        // allocates (the words are a table's, a few dozen characters at most).
+        const std::string& interaction = oet::JoinMeetingInteractionWord(info.interaction_type);
+        const std::string& action = oet::JoinScreenActionWord(info.join_screen_action);
+        char text[256];
+        const size_t length = interaction.size() + action.size() + 5;
+        const char first = info.first_flag != 0 ? '1' : '0';
+        const char second = info.second_flag != 0 ? '1' : '0';
+        if (length > sizeof text) {
+          return Kst::CStringT<char>(interaction + kSeparator + action + kSeparator + first + kSeparator +
+                                     second);
+        }
+        char* out = std::copy(interaction.begin(), interaction.end(), text);
+        *out++ = kSeparator;
+        out = std::copy(action.begin(), action.end(), out);
+        *out++ = kSeparator;
+        *out++ = first;
+        *out++ = kSeparator;
+        *out++ = second;
+        return Kst::CStringT<char>(text, static_cast<int>(out - text));
+      },
+      Kst::CStringT<char>());
 }
 
 void ParseJoinMeetingInterfactInfoFromString(Kst::CStringT<char>& interaction_word,
                                              Kst::CStringT<char>& action_word, int& first_flag,
                                              int& second_flag, const Kst::CStringT<char>& text) {
-  try {
+  // Should memory run out while reading, the outputs are left as the caller had them.
+  oet::Guarded([&] {
     ReadInto(interaction_word, action_word, first_flag, second_flag, text);
-  } catch (...) {
-    // Memory ran out while reading: the outputs are left as the caller had them.
-  }
+    return 0;
+  });
 }
 
 int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,

@@ -106,27 +106,28 @@ E* BuildKindDetail(const oet::EventDraft& event, const MeetingInteractInfo_s& in
 // Appends the entities the records and the interaction kind call for, in the list's order.
 void AddConditionalContext(oet::ContextList& list, const oet::EventDraft& event,
                            const MeetingTrackingInfo_s& tracking, const MeetingInteractInfo_s& info) {
-  if (info.reference_a != 0 && info.reference_b != 0 && info.reference_c != 0 &&
-      !info.reference_text.IsEmpty()) {
+  // The texts' gates look at them as they go out (up to the first NUL); past its gate a text is set.
+  const auto reference_text = oet::TextOf(info.reference_text);
+  const auto meeting_text = oet::TextOf(tracking.meeting_text);
+  const auto share_text = oet::TextOf(tracking.share_text);
+  const auto item_text = oet::TextOf(info.item_text);
+  if (info.reference_a != 0 && info.reference_b != 0 && info.reference_c != 0 && !reference_text.empty()) {
     list.Add(Build<MeetingReferenceEntity>(event, [&](MeetingReferenceEntity& e) {
-      oet::SetOrClear(&e, &MeetingReferenceEntity::ClearReferenceText,
-                      &MeetingReferenceEntity::SetReferenceText, info.reference_text);
+      e.SetReferenceText(reference_text);
       e.SetReferenceA(info.reference_a);
       e.SetReferenceB(info.reference_b);
       e.SetReferenceC(info.reference_c);
     }));
   }
-  if (!tracking.meeting_text.IsEmpty()) {
+  if (!meeting_text.empty()) {
     list.Add(Build<MeetingTextEntity>(event, [&](MeetingTextEntity& e) {
-      oet::SetOrClear(&e, &MeetingTextEntity::ClearMeetingText, &MeetingTextEntity::SetMeetingText,
-                      tracking.meeting_text);
+      e.SetMeetingText(meeting_text);
       e.SetInteractionKind(info.interaction_kind);
     }));
   }
-  if (tracking.share_number != 0 && !tracking.share_text.IsEmpty()) {
+  if (tracking.share_number != 0 && !share_text.empty()) {
     list.Add(Build<MeetingShareEntity>(event, [&](MeetingShareEntity& e) {
-      oet::SetOrClear(&e, &MeetingShareEntity::ClearShareText, &MeetingShareEntity::SetShareText,
-                      tracking.share_text);
+      e.SetShareText(share_text);
       e.SetShareNumber(tracking.share_number);
     }));
   }
@@ -142,13 +143,13 @@ void AddConditionalContext(oet::ContextList& list, const oet::EventDraft& event,
       e.SetMeetingType(tracking.meeting_type);
     }));
   }
-  if (!info.item_text.IsEmpty()) {
+  if (!item_text.empty()) {
     list.Add(Build<MeetingItemEntity>(event, [&](MeetingItemEntity& e) {
-      oet::SetOrClear(&e, &MeetingItemEntity::ClearItemText, &MeetingItemEntity::SetItemText, info.item_text);
+      e.SetItemText(item_text);
       e.SetItemIndex(info.item_index);
     }));
   }
-  if (info.option_value != 0 && !tracking.meeting_text.IsEmpty()) {
+  if (info.option_value != 0 && !meeting_text.empty()) {
     list.Add(Build<MeetingOptionEntity>(event, [&](MeetingOptionEntity& e) {
       e.SetOptionFlag(info.option_flag != 0);
       e.SetOptionValue(info.option_value);
@@ -185,7 +186,8 @@ void FillMeetingBody(MeetingBodyEntity& body, const MeetingTrackingInfo_s& track
   body.SetMeetingValue6(info.sixth_code);
   body.SetMeetingValue7(info.seventh_code);
   body.SetMeetingDetail(info.detail);
-  if (!info.label.IsEmpty()) body.SetMeetingText(oet::ToUtf8(info.label));  // an empty label leaves it alone
+  const std::string label = oet::ToUtf8(info.label);
+  if (!label.empty()) body.SetMeetingText(label);  // an empty label leaves it alone
   body.SetMeetingFlag(info.body_flag != 0);
   if (tracking.body_number != 0) body.SetMeetingNumber(tracking.body_number);
   oet::SetOrClearValue(&body, &MeetingBodyEntity::ClearStartTime, &MeetingBodyEntity::SetStartTime,

@@ -100,38 +100,39 @@ void ReadInto(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
 }  // namespace
 
 Kst::CStringT<char> FormatSettingInteractInfoAsString(const SettingInteractInfo_s& info) {
-  try {
-    // The codes and their separators are written on the stack, then the text up to its first NUL; a
-    // text that fits beside them becomes the host string at once, so that only the host string
-    // allocates.
-    char head[kCodes * 12 + 200];
-    char* out = head;
-    for (const int32_t code :
-         {info.first_code, info.second_code, info.third_code, info.fourth_code, info.fifth_code}) {
-      out = std::to_chars(out, out + 11, code).ptr;
-      *out++ = kSeparator;
-    }
-    const char* tail = info.text.c_str();
-    const size_t tail_length = std::strlen(tail);
-    const size_t used = static_cast<size_t>(out - head);
-    if (tail_length <= sizeof head - used) {
-      std::memcpy(out, tail, tail_length);
-      return Kst::CStringT<char>(head, static_cast<int>(used + tail_length));
-    }
-    std::string text(head, used);
-    text += tail;
-    return Kst::CStringT<char>(text);
-  } catch (...) {
-    return Kst::CStringT<char>();  // only when memory runs out
-  }
+  // The empty text only when memory runs out.
+  return oet::Guarded(
+      [&] {
+        // The codes and their separators are written on the stack, then the text up to its first NUL; a
+        // text that fits beside them becomes the host string at once, so that only the host string
+        // allocates.
+        char head[kCodes * 12 + 200];
+        char* out = head;
+        for (const int32_t code :
+             {info.first_code, info.second_code, info.third_code, info.fourth_code, info.fifth_code}) {
+          out = std::to_chars(out, out + 11, code).ptr;
+          *out++ = kSeparator;
+        }
+        const char* tail = info.text.c_str();
+        const size_t tail_length = std::strlen(tail);
+        const size_t used = static_cast<size_t>(out - head);
+        if (tail_length <= sizeof head - used) {
+          std::memcpy(out, tail, tail_length);
+          return Kst::CStringT<char>(head, static_cast<int>(used + tail_length));
+        }
+        std::string text(head, used);
+        text += tail;
+        return Kst::CStringT<char>(text);
+      },
+      Kst::CStringT<char>());
 }
 
 void ParseSettingInterfactInfoFromString(SettingInteractInfo_s& info, const Kst::CStringT<char>& text) {
-  try {
+  // Should memory run out while reading, the record is left as it was.
+  oet::Guarded([&] {
     ReadInto(info, text);
-  } catch (...) {
-    // Memory ran out while reading: the record is left as it was.
-  }
+    return 0;
+  });
 }
 
 int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingTrackingInfo_s& tracking) {
@@ -150,11 +151,12 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
     oet::ContextList list(4);
     list.Add(event->Create<orbo_entity::BasicDeviceContextEntity>());  // 159, without fields
     list.Add(event->Create<orbo_entity::BasicContextEntity170>());
-    if (!tracking.tracking_text.IsEmpty() && tracking.tracking_number != 0) {
+    const auto tracking_text = oet::TextOf(tracking.tracking_text);
+    if (!tracking_text.empty() && tracking.tracking_number != 0) {
       auto* identity = event->Create<orbo_entity::MeetingIdentityEntity>();
       if (identity != nullptr) {
         orbo_entity::MeetingIdentityFields& fields = *identity;
-        fields.SetIdentityText(oet::TextOf(tracking.tracking_text));
+        fields.SetIdentityText(tracking_text);
         fields.SetIdentityNumber(tracking.tracking_number);
       }
       list.Add(identity);

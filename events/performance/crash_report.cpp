@@ -14,7 +14,8 @@ int TrackingApmClientCrashEvent(const OApmClientCrashInfo_s& info) {
   using E = ApmClientCrashEntity;
   const oet::ApmReportCode code{oet::kClientCrashCategory, info.crash_code};
   return oet::TrackApmBodyReport<E>(code, oet::ApmDevice::kWithout, [&](E& body) {
-    body.SetText1(info.text1.IsEmpty() ? std::string("0") : oet::TextOf(info.text1));
+    const auto text1 = oet::TextOf(info.text1);
+    body.SetText1(text1.empty() ? std::string("0") : text1.str());
     oet::SetUnlessEmpty(&body, &E::SetText2, info.text2);
     oet::SetUnlessEmpty(&body, &E::SetText3, info.text3);
     oet::SetUnlessEmpty(&body, &E::SetText4, info.text4);

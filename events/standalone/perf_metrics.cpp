@@ -42,7 +42,8 @@ std::string EventName(const OClientPerfMetricsInfo_s& info) {
   return std::string();
 }
 
-// Each measurement only when it carries a value; texts as the record holds them.
+// Each measurement only when it carries a value. The texts are handed on as the record's own strings,
+// unchanged, embedded NULs included, so their gates ("longer than 2", "not empty") count every byte.
 void FillMeasurements(PerfMeasurementsEntity& m, const OClientPerfMetricsInfo_s& info) {
   m.SetTextM2(info.text_m2.str());
   m.SetValueM8(info.value_m8);

@@ -1,6 +1,6 @@
 // The post-meeting family: the store of the ended meeting's strings, and the survey event, whose body
 // (288) alone is sent from the kept meeting strings and the client context, only while a meeting is
-// kept; the meeting texts it reported are emptied after.
+// kept; the meeting texts it reports are emptied as it reads them.
 #include "core/client_context.h"
 #include "core/event.h"
 #include "core/host.h"
@@ -23,14 +23,15 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
     if (!event) return 0;
-    // One read of the kept strings serves the gate and the report, so that a meeting stored meanwhile
-    // is neither mixed into this report nor cleared by it.
-    const oet::PostMeetingSnapshot kept = oet::SnapshotPostMeetingStrings();
-    if (kept.strings.text3.IsEmpty()) return event->Destroy();
+    // One read of the kept strings serves the gate and the report, and empties what it reports (texts
+    // 1, 2 and 4) whatever happens after it: a meeting stored meanwhile is neither mixed into this
+    // report nor cleared by it.
+    const oet::PostMeetingStrings kept = oet::TakePostMeetingStrings();
+    if (kept.text3.IsEmpty()) return event->Destroy();
     auto* body = event->Create<orbo_entity::PostMeetingEntity>();
     if (body == nullptr) return event->Destroy();
-    body->SetMeetingText1(oet::TextOf(kept.strings.text1));
-    body->SetMeetingText2(oet::TextOf(kept.strings.text2));
+    body->SetMeetingText1(oet::TextOf(kept.text1));
+    body->SetMeetingText2(oet::TextOf(kept.text2));
     body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
     // The fixed words, made once: three of them are too long for a string's own small buffer.
     static const std::string& kEventName = *new std::string("post-meeting_survey");  // never destroyed
@@ -46,9 +47,7 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
     body->SetSurveyAction(oet::SurveyActionWord(info.survey_action));
     body->SetEmptyTextA(kEmpty);
     event->AttachBody(body);
-    event->Submit(oet::kStandaloneCodes);
-    oet::ClearReportedPostMeetingStrings(kept.generation);
-    return 1;
+    return event->Submit(oet::kStandaloneCodes);
   });
 }
 

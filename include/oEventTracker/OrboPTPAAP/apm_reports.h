@@ -10,8 +10,8 @@
 //
 // The reports need only the telemetry service (no web service). Each text of a record goes to its body
 // operation only when it is not empty (an empty text leaves its field unset; nothing is cleared); a
-// text is sent up to its first NUL, so one that starts with NUL, which the host does not call empty,
-// goes out as the empty text. The texts mean what the reporting client says they mean: the library
+// text is sent up to its first NUL, and the test looks at the text as sent, so one that starts with
+// NUL counts as empty. The texts mean what the reporting client says they mean: the library
 // passes them through unchanged and gives them positional names (text1 is the first member).
 //
 // | Report                           | Body           | Category | Code                    |

@@ -33,9 +33,10 @@ struct PostMeetingInteractInfo_s {
 // kept meeting's text1 and text2. Needs only the telemetry service.
 //
 // Sent only while a meeting is kept with a non-empty text3; otherwise, or when the host gives no body
-// entity, the event is destroyed and 0 returned. After a report has gone out, the kept text1, text2
-// and text4 are emptied (text3 stays, so further survey steps of the same meeting still go out, with
-// empty meeting texts), unless a newer meeting was stored meanwhile: the newer meeting is kept whole.
+// entity, the event is destroyed and 0 returned. Once the event has been created, its reading of the
+// kept strings empties text1, text2 and text4 in the same step, whatever the submission does afterwards
+// (text3 stays, so further survey steps of the same meeting still go out, with empty meeting texts); a
+// meeting stored after that reading is kept whole.
 OET_API int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info);
 
 }  // namespace OrboPTPAAP
