@@ -53,6 +53,7 @@ namespace {
 
 // Holds off the cancellation of the calling thread while it lives (see Guarded): a destructor cannot
 // let the cancellation's unwinding through, so it acts at the thread's next cancellation point instead.
+// Where threads are not cancelled by unwinding, there is nothing to hold off.
 class CancellationHeldOff {
  public:
 #if OET_FORCED_UNWIND
@@ -62,6 +63,8 @@ class CancellationHeldOff {
   ~CancellationHeldOff() {
     pthread_setcancelstate(previous_, nullptr);
   }
+#else
+  CancellationHeldOff() {}
 #endif
   CancellationHeldOff(const CancellationHeldOff&) = delete;
   CancellationHeldOff& operator=(const CancellationHeldOff&) = delete;
