@@ -9,17 +9,17 @@
 
 namespace oet {
 
-std::optional<EventDraft> EventDraft::Open(Lookup lookup) {
+EventDraft EventDraft::Open(Lookup lookup) {
   ICVWebServiceAPI* web_service = nullptr;
   if (lookup == Lookup::kWebServiceAndTelemetry) {
     EnsureClientContext();
     web_service = GetWebServiceApi();
-    if (web_service == nullptr) return std::nullopt;
+    if (web_service == nullptr) return EventDraft();
   }
   iOrbotelemetryAPI* telemetry = GetTelemetryApi();
-  if (telemetry == nullptr) return std::nullopt;
+  if (telemetry == nullptr) return EventDraft();
   IOrboEvent* event = telemetry->CreateEvent();
-  if (event == nullptr) return std::nullopt;
+  if (event == nullptr) return EventDraft();
   return EventDraft(telemetry, web_service, event);
 }
 
@@ -77,8 +77,7 @@ class CancellationHeldOff {
 
 }  // namespace
 
-void EventDraft::DestroyIfOpen() noexcept {
-  if (event_ == nullptr) return;
+void EventDraft::DestroyOpen() noexcept {
   const CancellationHeldOff held;
   try {
     Destroy();

@@ -5,9 +5,9 @@
 //
 //   auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
 //   if (!event) return 0;
-//   event->AttachCommonContext(tracking);
-//   if (auto* body = event->Create<SomeEntity>()) { ...fill...; event->AttachBody(body); }
-//   return event->Submit(kStandaloneCodes);
+//   event.AttachCommonContext(tracking);
+//   if (auto* body = event.Create<SomeEntity>()) { ...fill...; event.AttachBody(body); }
+//   return event.Submit(kStandaloneCodes);
 //
 // The services and entities belong to the host and are never freed here. The event is the draft's
 // until it is submitted: an export that decides not to submit calls Destroy(), and an export that stops
@@ -15,7 +15,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -90,17 +89,20 @@ class ContextList {
 // event the library created is ever abandoned in the host.
 class EventDraft {
  public:
-  // Looks the services up and creates the event; nullopt when a needed service or the event is missing.
-  static std::optional<EventDraft> Open(Lookup lookup);
+  // Looks the services up and creates the event; a draft with no open event when a needed service or
+  // the event is missing. The draft is made in the caller's place (returned by copy elision, never
+  // moved), so opening costs no more than the lookups and the creation.
+  static EventDraft Open(Lookup lookup);
 
-  EventDraft(EventDraft&& other) noexcept
-      : telemetry_(other.telemetry_),
-        web_service_(other.web_service_),
-        event_(std::exchange(other.event_, nullptr)) {}
-  EventDraft& operator=(EventDraft&&) = delete;
   EventDraft(const EventDraft&) = delete;
   EventDraft& operator=(const EventDraft&) = delete;
-  ~EventDraft() { DestroyIfOpen(); }
+  ~EventDraft() {
+    if (event_ != nullptr) DestroyOpen();
+  }
+
+  // Whether the draft holds an open event: false when Open failed, and once the event is submitted or
+  // destroyed.
+  explicit operator bool() const { return event_ != nullptr; }
 
   iOrbotelemetryAPI* telemetry() const { return telemetry_; }
   // Null for Lookup::kTelemetryOnly.
@@ -149,7 +151,9 @@ class EventDraft {
  private:
   EventDraft(iOrbotelemetryAPI* telemetry, ICVWebServiceAPI* web_service, IOrboEvent* event)
       : telemetry_(telemetry), web_service_(web_service), event_(event) {}
-  void DestroyIfOpen() noexcept;
+  EventDraft() : EventDraft(nullptr, nullptr, nullptr) {}
+  // Destroys the open event on the way out of an export, whatever the host does.
+  void DestroyOpen() noexcept;
 
   iOrbotelemetryAPI* telemetry_;
   ICVWebServiceAPI* web_service_;

@@ -34,15 +34,14 @@ ICVWebServiceAPI* GetWebServiceApi() {
   return static_cast<ICVWebServiceAPI*>(LookUpService(kWebServiceModule, kWebServiceClass));
 }
 
-HostText::HostText(Kst::CStringT<char>&& text) : kept_(std::move(text)) {
-  CutAtNul(kept_);
+HostText::HostText(Kst::CStringT<char>&& text) : own_(std::move(text)) {
+  text_ = &own_->str();
+  if (text_->find('\0') != std::string::npos) KeepCut(Kst::CStringT<char>(std::move(*own_)));
 }
 
-void HostText::CutAtNul(const Kst::CStringT<char>& text) {
-  text_ = &text.str();
-  if (text_->find('\0') == std::string::npos) return;
-  cut_ = text.c_str();
-  text_ = &cut_;
+void HostText::KeepCut(const Kst::CStringT<char>& text) {
+  own_.emplace(text.c_str());  // up to the first NUL
+  text_ = &own_->str();
 }
 
 namespace {

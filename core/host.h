@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -56,7 +57,7 @@ class HostText {
  public:
   // The usual case, a text without NUL, is inlined: a pointer to the string and one search.
   explicit HostText(const Kst::CStringT<char>& text) : text_(&text.str()) {
-    if (std::memchr(text_->data(), 0, text_->size()) != nullptr) CutAtNul(text);
+    if (std::memchr(text_->data(), 0, text_->size()) != nullptr) KeepCut(text);
   }
   explicit HostText(Kst::CStringT<char>&& text);
   HostText(const HostText&) = delete;
@@ -67,12 +68,14 @@ class HostText {
   bool empty() const { return text_->empty(); }
 
  private:
-  // Points at the host string's own text when it holds no NUL, else at cut_.
-  void CutAtNul(const Kst::CStringT<char>& text);
+  // Keeps the text of `text` before its first NUL in own_ and points there.
+  void KeepCut(const Kst::CStringT<char>& text);
 
-  Kst::CStringT<char> kept_;  // a temporary host string, moved in
-  std::string cut_;           // the text before the first NUL, when there is one
-  const std::string* text_ = nullptr;
+  // Points at the host string's own text when it holds no NUL and is not a temporary, else into own_.
+  const std::string* text_;
+  // A temporary host string moved in, or the text before the first NUL; empty in the usual case, so
+  // that a HostText of a caller's string costs a pointer and a flag to make and to drop.
+  std::optional<Kst::CStringT<char>> own_;
 };
 
 inline HostText TextOf(const Kst::CStringT<char>& text) {

@@ -47,21 +47,21 @@ int TrackingClipsInteractEvent(const ClipsRecordInteractInfo_s& info, const Clip
     auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
     if (!event) return 0;
     if (info.first_code == 0 || info.second_code == 0 || info.third_code == 0 || info.fifth_code == 0) {
-      return event->Destroy();  // the fourth code may be 0
+      return event.Destroy();  // the fourth code may be 0
     }
     oet::ContextList list(4);
-    list.Add(event->Create<orbo_entity::ClipsContextEntity190>());
-    list.Add(event->Create<orbo_entity::ClipsContextEntity192>());
-    list.Add(event->Create<orbo_entity::ClipsContextEntity191>());
-    auto* entity = event->Create<ClipsConfigEntity>();
+    list.Add(event.Create<orbo_entity::ClipsContextEntity190>());
+    list.Add(event.Create<orbo_entity::ClipsContextEntity192>());
+    list.Add(event.Create<orbo_entity::ClipsContextEntity191>());
+    auto* entity = event.Create<ClipsConfigEntity>();
     if (entity != nullptr) FillConfig(*entity, config);
     list.Add(entity);
-    event->AttachContextAlways(std::move(list));
-    if (auto* body = event->Create<ClipsInteractionEntity>()) {
+    event.AttachContextAlways(std::move(list));
+    if (auto* body = event.Create<ClipsInteractionEntity>()) {
       FillInteraction(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -26,8 +26,8 @@ int TrackingNoticeInteractEvent(const MeetingTrackingInfo_s& tracking, const ONo
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList list = event->BasicContext(false, 2);  // 170, 159, 169 without fields
-    auto* notice = event->Create<orbo_entity::NoticeEntity>();
+    oet::ContextList list = event.BasicContext(false, 2);  // 170, 159, 169 without fields
+    auto* notice = event.Create<orbo_entity::NoticeEntity>();
     if (notice != nullptr) {
       notice->SetNoticeText1(oet::TextOf(info.notice_text2));  // operation 8
       notice->SetNoticeText3(oet::TextOf(info.notice_text4));  // operation 4
@@ -35,9 +35,9 @@ int TrackingNoticeInteractEvent(const MeetingTrackingInfo_s& tracking, const ONo
       notice->SetNoticeNumber(info.notice_number);             // operation 10
     }
     list.Add(notice);
-    list.Add(HiddenIdentity(*event, tracking));
-    event->AttachContextAlways(std::move(list));
-    if (auto* body = event->Create<BasicInteractionEntity>()) {
+    list.Add(HiddenIdentity(event, tracking));
+    event.AttachContextAlways(std::move(list));
+    if (auto* body = event.Create<BasicInteractionEntity>()) {
       body->SetValueF(info.notice_value6);
       body->SetValueA(info.notice_value1);
       body->SetValueE(info.notice_value5);
@@ -46,9 +46,9 @@ int TrackingNoticeInteractEvent(const MeetingTrackingInfo_s& tracking, const ONo
       body->SetValueD(info.notice_value4);
       oet::SetOrClear(body, &BasicInteractionEntity::ClearTextA, &BasicInteractionEntity::SetTextA,
                       info.notice_text);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kInMeetingCodes);
+    return event.Submit(oet::kInMeetingCodes);
   });
 }
 
@@ -56,17 +56,17 @@ int TrackingClientInteractEvent(const MeetingTrackingInfo_s& tracking, const OCl
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList list = event->BasicContext(false, 2);  // 170, 159, 169 without fields
-    list.Add(HiddenIdentity(*event, tracking));
-    auto* product = event->Create<orbo_entity::ProductStringEntity>();
+    oet::ContextList list = event.BasicContext(false, 2);  // 170, 159, 169 without fields
+    list.Add(HiddenIdentity(event, tracking));
+    auto* product = event.Create<orbo_entity::ProductStringEntity>();
     if (product != nullptr) {
       orbo_entity::ProductStringFields& fields = *product;
       fields.SetProductString(oet::TextOf(oet::MapIdToShortKey(info.product_identifier)));
       fields.SetProductMarker(1);
     }
     list.Add(product);
-    event->AttachContextAlways(std::move(list));
-    if (auto* body = event->Create<BasicInteractionEntity>()) {
+    event.AttachContextAlways(std::move(list));
+    if (auto* body = event.Create<BasicInteractionEntity>()) {
       body->SetValueF(info.client_value2);
       body->SetValueA(info.client_value3);
       body->SetValueE(info.client_value4);
@@ -76,9 +76,9 @@ int TrackingClientInteractEvent(const MeetingTrackingInfo_s& tracking, const OCl
       body->SetTextB(info.client_detail);
       oet::SetOrClear(body, &BasicInteractionEntity::ClearTextA, &BasicInteractionEntity::SetTextA,
                       info.client_text);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kInMeetingCodes);
+    return event.Submit(oet::kInMeetingCodes);
   });
 }
 

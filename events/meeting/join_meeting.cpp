@@ -114,9 +114,9 @@ int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     oet::ContextList list(2);
-    list.Add(oet::BuildClientEntity(event->telemetry(), event->web_service()));
-    list.Add(event->Create<orbo_entity::TrackingInfoEntity>());  // goes out without fields
-    event->AttachContextAlways(std::move(list));
+    list.Add(oet::BuildClientEntity(event.telemetry(), event.web_service()));
+    list.Add(event.Create<orbo_entity::TrackingInfoEntity>());  // goes out without fields
+    event.AttachContextAlways(std::move(list));
 
     Kst::CStringT<char> interaction_word;
     Kst::CStringT<char> action_word;
@@ -125,7 +125,7 @@ int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,
     // Read with the throwing reader: an event whose words were lost to a failed allocation is
     // destroyed rather than sent with empty words.
     ReadInto(interaction_word, action_word, first_flag, second_flag, text);
-    if (auto* body = event->Create<HomeTabEntity>()) {
+    if (auto* body = event.Create<HomeTabEntity>()) {
       body->SetThirdFlag(first_flag != 0);
       body->SetFeature("join_meeting");
       oet::SetOrClear(body, &HomeTabEntity::ClearElement, &HomeTabEntity::SetElement, action_word);
@@ -134,9 +134,9 @@ int TrackingPTJoinMeetingInteractEvent(const Kst::CStringT<char>& text,
       body->SetFourthFlag(second_flag != 0);
       body->SetSecondFlag(false);
       body->SetFifthFlag(false);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

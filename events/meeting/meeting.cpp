@@ -201,36 +201,36 @@ int TrackingMeetingInteractEvent(const MeetingTrackingInfo_s& tracking, const Me
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     if (info.first_code == 0 || info.second_code == 0 || info.third_code == 0 || info.interaction_kind == 0) {
-      return event->Destroy();  // the fourth code may be 0
+      return event.Destroy();  // the fourth code may be 0
     }
-    if (oet::RefreshedClientFacts()->os_name.IsEmpty()) return event->Destroy();  // never filled
+    if (oet::RefreshedClientFacts()->os_name.IsEmpty()) return event.Destroy();  // never filled
 
     oet::ContextList list(kMaxContextEntities);
-    list.Add(event->Create<TrackingInfoEntity>());  // without fields
-    list.Add(oet::BuildClientEntity(event->telemetry(), event->web_service()));
-    list.Add(event->Create<MeetingContextEntity297>());
-    list.Add(Build<MeetingParticipantEntity>(*event, [&](MeetingParticipantEntity& e) {
+    list.Add(event.Create<TrackingInfoEntity>());  // without fields
+    list.Add(oet::BuildClientEntity(event.telemetry(), event.web_service()));
+    list.Add(event.Create<MeetingContextEntity297>());
+    list.Add(Build<MeetingParticipantEntity>(event, [&](MeetingParticipantEntity& e) {
       oet::SetOrClear(&e, &MeetingParticipantEntity::ClearConferenceId,
                       &MeetingParticipantEntity::SetConferenceId, tracking.conference_id);
       oet::SetOrClear(&e, &MeetingParticipantEntity::ClearParticipantId,
                       &MeetingParticipantEntity::SetParticipantId, tracking.participant_id);
-      e.SetDomainLabel(oet::AccountDomainLabelUtf8(*event->web_service()));
+      e.SetDomainLabel(oet::AccountDomainLabelUtf8(*event.web_service()));
     }));
-    list.Add(Build<MeetingSessionEntity>(*event, [&](MeetingSessionEntity& e) {
+    list.Add(Build<MeetingSessionEntity>(event, [&](MeetingSessionEntity& e) {
       e.SetMeetingType(tracking.meeting_type);
       oet::SetOrClear(&e, &MeetingSessionEntity::ClearClientSessionId,
                       &MeetingSessionEntity::SetClientSessionId, tracking.client_session_id);
     }));
-    AddConditionalContext(list, *event, tracking, info);
+    AddConditionalContext(list, event, tracking, info);
     for (EntityBase* entity : list.entries())
       Mark(entity, info.tier);
-    event->AttachContextAlways(std::move(list));
+    event.AttachContextAlways(std::move(list));
 
-    if (auto* body = event->Create<MeetingBodyEntity>()) {
+    if (auto* body = event.Create<MeetingBodyEntity>()) {
       FillMeetingBody(*body, tracking, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kInMeetingCodes);
+    return event.Submit(oet::kInMeetingCodes);
   });
 }
 

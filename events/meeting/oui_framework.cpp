@@ -13,15 +13,15 @@ int TrackingOUIFrameworkInteract(const MeetingTrackingInfo_s& /*tracking*/, cons
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     oet::ContextList list(3);
-    list.Add(event->Create<orbo_entity::OuiTrackingEntity>());
-    list.Add(event->Create<orbo_entity::OuiDeviceEntity>());
-    list.Add(event->Create<orbo_entity::OuiProductEntity>());
-    event->AttachContext(std::move(list));
-    if (auto* body = event->Create<orbo_entity::OuiBodyEntity>()) {
+    list.Add(event.Create<orbo_entity::OuiTrackingEntity>());
+    list.Add(event.Create<orbo_entity::OuiDeviceEntity>());
+    list.Add(event.Create<orbo_entity::OuiProductEntity>());
+    event.AttachContext(std::move(list));
+    if (auto* body = event.Create<orbo_entity::OuiBodyEntity>()) {
       oet::FillOuiBody(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kInMeetingCodes);
+    return event.Submit(oet::kInMeetingCodes);
   });
 }
 

@@ -145,15 +145,15 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
     const SettingPieces pieces = ReadText(text);
     const int32_t* codes = pieces.codes;  // the first to the fifth
     if (codes[0] == 0 || codes[1] == 0 || codes[2] == 0 || codes[4] == 0) {
-      return event->Destroy();  // the fourth code may be 0
+      return event.Destroy();  // the fourth code may be 0
     }
 
     oet::ContextList list(4);
-    list.Add(event->Create<orbo_entity::BasicDeviceContextEntity>());  // 159, without fields
-    list.Add(event->Create<orbo_entity::BasicContextEntity170>());
+    list.Add(event.Create<orbo_entity::BasicDeviceContextEntity>());  // 159, without fields
+    list.Add(event.Create<orbo_entity::BasicContextEntity170>());
     const auto tracking_text = oet::TextOf(tracking.tracking_text);
     if (!tracking_text.empty() && tracking.tracking_number != 0) {
-      auto* identity = event->Create<orbo_entity::MeetingIdentityEntity>();
+      auto* identity = event.Create<orbo_entity::MeetingIdentityEntity>();
       if (identity != nullptr) {
         orbo_entity::MeetingIdentityFields& fields = *identity;
         fields.SetIdentityText(tracking_text);
@@ -161,10 +161,10 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
       }
       list.Add(identity);
     }
-    list.Add(event->Create<orbo_entity::BasicContextEntity169>());
-    event->AttachContextAlways(std::move(list));
+    list.Add(event.Create<orbo_entity::BasicContextEntity169>());
+    event.AttachContextAlways(std::move(list));
 
-    if (auto* body = event->Create<BasicInteractionEntity>()) {
+    if (auto* body = event.Create<BasicInteractionEntity>()) {
       body->SetValueF(3);
       body->SetValueA(codes[0]);
       body->SetValueE(codes[1]);
@@ -172,9 +172,9 @@ int TrackingSettingInteractEvent(const Kst::CStringT<char>& text, const SettingT
       body->SetValueB(codes[3]);
       body->SetValueD(codes[4]);
       if (!pieces.text.empty()) body->SetTextA(pieces.text);  // an empty text leaves it alone
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -77,8 +77,8 @@ int TrackApmReport(ApmReportCode code, ApmDevice device, size_t entries, AddEntr
     auto event = EventDraft::Open(Lookup::kTelemetryOnly);
     if (!event) return 0;
     ContextList list(2 + entries);
-    if (!StartApmContext(*event, device, list) || !add(*event, list)) return event->Destroy();
-    return FinishApmReport(*event, std::move(list), code);
+    if (!StartApmContext(event, device, list) || !add(event, list)) return event.Destroy();
+    return FinishApmReport(event, std::move(list), code);
   });
 }
 

@@ -41,16 +41,16 @@ int SendChatModuleEvent(const PTTrackingInfo_s* tracking, BuildBody&& build_body
   auto event = EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
   if (!event) return 0;
   oet::ContextList list(4);
-  if (tracking != nullptr) list.Add(oet::BuildChatTrackingInfoEntity(event->telemetry(), *tracking));
-  list.Add(event->Create<ChatMarkerEntity121>());
-  list.Add(event->Create<ChatMarkerEntity128>());
-  list.Add(build_body(*event));
-  event->AttachContextAlways(std::move(list));
-  auto* header = event->Create<Header>();
+  if (tracking != nullptr) list.Add(oet::BuildChatTrackingInfoEntity(event.telemetry(), *tracking));
+  list.Add(event.Create<ChatMarkerEntity121>());
+  list.Add(event.Create<ChatMarkerEntity128>());
+  list.Add(build_body(event));
+  event.AttachContextAlways(std::move(list));
+  auto* header = event.Create<Header>();
   if (header == nullptr) return 0;
   fill_header(*header);
-  event->AttachBody(header);
-  return event->Submit(codes);
+  event.AttachBody(header);
+  return event.Submit(codes);
 }
 
 // Every field set, empty texts and 0 values included.

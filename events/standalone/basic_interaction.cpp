@@ -21,18 +21,18 @@ int TrackBasicInteraction(bool device_facts, size_t extra, AddContext add_contex
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
     if (!event) return 0;
-    oet::ContextList list = event->BasicContext(device_facts, extra);
-    add_context(*event, list);
-    event->AttachContext(std::move(list));
-    if (auto* body = event->Create<BasicInteractionEntity>()) {
+    oet::ContextList list = event.BasicContext(device_facts, extra);
+    add_context(event, list);
+    event.AttachContext(std::move(list));
+    if (auto* body = event.Create<BasicInteractionEntity>()) {
       fill(*body);
       oet::SetOrClear(body, &BasicInteractionEntity::ClearTextA, &BasicInteractionEntity::SetTextA,
                       info.first_text);
       oet::SetOrClear(body, &BasicInteractionEntity::ClearTextB, &BasicInteractionEntity::SetTextB,
                       info.second_text);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

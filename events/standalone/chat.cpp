@@ -170,12 +170,12 @@ int TrackingPTChatEvent(const PTTrackingInfo_s& tracking, const ChatInteractInfo
     if (!g_chat_limits.Admit(info.action_type)) return 0;
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    event->AttachContextAlways(ChatContext(*event, tracking, info));
-    if (auto* body = event->Create<ChatBodyEntity>()) {
+    event.AttachContextAlways(ChatContext(event, tracking, info));
+    if (auto* body = event.Create<ChatBodyEntity>()) {
       FillChatBody(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -36,22 +36,22 @@ int TrackClientInteraction(const PTTrackingInfo_s& tracking, size_t extra, AddCo
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     oet::ContextList list(3 + extra);
-    auto* tracked = event->Create<BasicContextEntity170>();
+    auto* tracked = event.Create<BasicContextEntity170>();
     if (tracked != nullptr) oet::FillTrackingValues(*tracked, tracking);
     list.AddSlot(tracked);
-    list.AddSlot(event->Create<BasicDeviceContextEntity>());
-    list.AddSlot(event->Create<BasicContextEntity169>());
-    add_context(*event, list);
-    event->AttachContextAlways(std::move(list));
-    if (auto* body = event->Create<BasicInteractionEntity>()) {
+    list.AddSlot(event.Create<BasicDeviceContextEntity>());
+    list.AddSlot(event.Create<BasicContextEntity169>());
+    add_context(event, list);
+    event.AttachContextAlways(std::move(list));
+    if (auto* body = event.Create<BasicInteractionEntity>()) {
       body->SetSource("client");
       fill_values(*body);
       oet::SetOrClear(body, &BasicInteractionEntity::ClearTextA, &BasicInteractionEntity::SetTextA,
                       first_text);
       SetActionClass(*body, action_code);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -37,25 +37,25 @@ int TrackingMeetingInteractEvent(const PTTrackingInfo_s& tracking, const Meeting
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    if (!HasKeyValues(info)) return event->Destroy();
+    if (!HasKeyValues(info)) return event.Destroy();
     // The os name is set by every refresh that reaches the web service: empty, the cache has never
     // been filled.
-    if (oet::RefreshedClientFacts()->os_name.empty) return event->Destroy();
-    auto* client = oet::BuildClientEntity(event->telemetry(), event->web_service());
-    auto* tracking_info = oet::BuildTrackingInfoEntity(event->telemetry(), tracking);
-    auto* meeting = event->Create<orbo_entity::MeetingContextEntity297>();
+    if (oet::RefreshedClientFacts()->os_name.empty) return event.Destroy();
+    auto* client = oet::BuildClientEntity(event.telemetry(), event.web_service());
+    auto* tracking_info = oet::BuildTrackingInfoEntity(event.telemetry(), tracking);
+    auto* meeting = event.Create<orbo_entity::MeetingContextEntity297>();
     if (client != nullptr && tracking_info != nullptr && meeting != nullptr) {
       oet::ContextList list(3);
       list.Add(client);
       list.Add(tracking_info);
       list.Add(meeting);
-      event->AttachContext(std::move(list));
+      event.AttachContext(std::move(list));
     }
-    if (auto* body = event->Create<MeetingBodyEntity>()) {
+    if (auto* body = event.Create<MeetingBodyEntity>()) {
       FillMeetingBody(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -59,15 +59,15 @@ int TrackingOUIFrameworkInteract(const PTTrackingInfo_s& tracking, const PTOUIIn
     auto event = oet::EventDraft::Open(oet::Lookup::kTelemetryOnly);
     if (!event) return 0;
     oet::ContextList list(3);
-    list.Add(BuildOuiTracking(*event, tracking));
-    list.Add(BuildOuiDevice(*event));
-    list.Add(BuildOuiProduct(*event));
-    event->AttachContext(std::move(list));
-    if (auto* body = event->Create<OuiBodyEntity>()) {
+    list.Add(BuildOuiTracking(event, tracking));
+    list.Add(BuildOuiDevice(event));
+    list.Add(BuildOuiProduct(event));
+    event.AttachContext(std::move(list));
+    if (auto* body = event.Create<OuiBodyEntity>()) {
       oet::FillOuiBody(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

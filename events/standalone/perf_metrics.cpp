@@ -77,21 +77,21 @@ int TrackingPerfMetricsInfo(const PTTrackingInfo_s& /*tracking*/, const OClientP
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     oet::ContextList list(3);
-    list.Add(event->Create<orbo_entity::PerfMetricsContextEntity41>());
-    list.Add(event->Create<orbo_entity::PerfMetricsContextEntity50>());
-    if (auto* measurements = event->Create<PerfMeasurementsEntity>()) {
+    list.Add(event.Create<orbo_entity::PerfMetricsContextEntity41>());
+    list.Add(event.Create<orbo_entity::PerfMetricsContextEntity50>());
+    if (auto* measurements = event.Create<PerfMeasurementsEntity>()) {
       FillMeasurements(*measurements, info);
       list.Add(measurements);
     }
-    event->AttachContextAlways(std::move(list));
-    if (auto* body = event->Create<PerfMetricsBodyEntity>()) {
+    event.AttachContextAlways(std::move(list));
+    if (auto* body = event.Create<PerfMetricsBodyEntity>()) {
       body->SetEventName(name);
       body->SetBodyValueB1(info.body_value_b1);
       body->SetBodyTextB2(info.body_text_b2.str());
       body->SetBodyValueB3(info.body_value_b3);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

@@ -80,21 +80,21 @@ int TrackingPhoneInteractEvent(const PTTrackingInfo_s& tracking, const PhoneInte
   return oet::Guarded([&] {
     auto event = oet::EventDraft::Open(oet::Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    auto* first = event->Create<PhoneContextEntity354>();
-    auto* detail = BuildCallDetail(*event, info);
-    auto* context = BuildPhoneContext(*event, tracking, info);
-    auto* product = BuildProduct(*event);
+    auto* first = event.Create<PhoneContextEntity354>();
+    auto* detail = BuildCallDetail(event, info);
+    auto* context = BuildPhoneContext(event, tracking, info);
+    auto* product = BuildProduct(event);
     oet::ContextList list(4);
     list.AddSlot(first);
     list.Add(context);
     if (info.call_detail != 0) list.Add(detail);
     list.Add(product);
-    event->AttachContext(std::move(list));
-    if (auto* body = event->Create<PhoneBodyEntity>()) {
+    event.AttachContext(std::move(list));
+    if (auto* body = event.Create<PhoneBodyEntity>()) {
       FillPhoneBody(*body, info);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

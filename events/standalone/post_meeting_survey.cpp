@@ -27,9 +27,9 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
     // 1, 2 and 4) whatever happens after it: a meeting stored meanwhile is neither mixed into this
     // report nor cleared by it.
     const oet::PostMeetingStrings kept = oet::TakePostMeetingStrings();
-    if (kept.text3.IsEmpty()) return event->Destroy();
-    auto* body = event->Create<orbo_entity::PostMeetingEntity>();
-    if (body == nullptr) return event->Destroy();
+    if (kept.text3.IsEmpty()) return event.Destroy();
+    auto* body = event.Create<orbo_entity::PostMeetingEntity>();
+    if (body == nullptr) return event.Destroy();
     body->SetMeetingText1(oet::TextOf(kept.text1));
     body->SetMeetingText2(oet::TextOf(kept.text2));
     body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
@@ -46,8 +46,8 @@ int TrackingPostMeetingEvent(const PostMeetingInteractInfo_s& info) {
     body->SetLocation(kLocation);
     body->SetSurveyAction(oet::SurveyActionWord(info.survey_action));
     body->SetEmptyTextA(kEmpty);
-    event->AttachBody(body);
-    return event->Submit(oet::kStandaloneCodes);
+    event.AttachBody(body);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

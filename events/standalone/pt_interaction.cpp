@@ -13,17 +13,17 @@ int TrackingPTInteractEvent(const PTTrackingInfo_s& tracking, const PTInteractIn
   return oet::Guarded([&] {
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    event->AttachCommonContext(tracking);
-    if (auto* body = event->Create<orbo_entity::TabSwitchEntity>()) {
+    event.AttachCommonContext(tracking);
+    if (auto* body = event.Create<orbo_entity::TabSwitchEntity>()) {
       static const std::string& kSwitchTab = *new std::string("switch_tab");  // never destroyed
       body->Prepare();
       body->SetAction(kSwitchTab);
       body->SetWebServiceValue(oet::RefreshedClientFacts()->web_service_value.utf8);
       body->SetFirstTab(oet::TabWord(info.first_tab));
       body->SetSecondTab(oet::TabWord(info.second_tab));
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 
@@ -31,8 +31,8 @@ int TrackingHomeTabInteractEvent(const PTTrackingInfo_s& tracking, const HomeTab
   return oet::Guarded([&] {
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    event->AttachCommonContext(tracking);
-    if (auto* body = event->Create<orbo_entity::HomeTabEntity>()) {
+    event.AttachCommonContext(tracking);
+    if (auto* body = event.Create<orbo_entity::HomeTabEntity>()) {
       body->SetElement(oet::HomeTabElementWord(info.element));
       body->SetInteractionType(oet::InteractionTypeWord(info.interaction_type));
       body->SetFeature(oet::HomeTabFeatureWord(info.feature));
@@ -41,9 +41,9 @@ int TrackingHomeTabInteractEvent(const PTTrackingInfo_s& tracking, const HomeTab
       body->SetFirstFlag(info.first_flag != 0);
       body->SetFourthFlag(info.fourth_flag != 0);
       body->SetSecondFlag(info.second_flag != 0);
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 

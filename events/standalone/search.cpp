@@ -119,29 +119,29 @@ int TrackingPTSearchEvent(const PTTrackingInfo_s& tracking, const SearchInteract
   return oet::Guarded([&] {
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
-    oet::ContextList context = event->CommonContext(tracking, 1);
-    context.Add(BuildSearchContext(*event, info));
-    event->AttachContext(std::move(context));
+    oet::ContextList context = event.CommonContext(tracking, 1);
+    context.Add(BuildSearchContext(event, info));
+    event.AttachContext(std::move(context));
     switch (info.search_action) {
       case 1:
-        event->AttachBody(BuildInitiateBody(*event, info));
+        event.AttachBody(BuildInitiateBody(event, info));
         break;
       case 2:
-        event->AttachBody(BuildDisplayBody(*event, info));
+        event.AttachBody(BuildDisplayBody(event, info));
         break;
       case 3:
-        event->AttachBody(BuildPerformBody(*event, info));
+        event.AttachBody(BuildPerformBody(event, info));
         break;
       case 4:
-        event->AttachBody(BuildLaunchBody(*event, info));
+        event.AttachBody(BuildLaunchBody(event, info));
         break;
       case 5:
-        event->AttachBody(BuildCloseBody(*event, info));
+        event.AttachBody(BuildCloseBody(event, info));
         break;
       default:
         break;  // an unknown step still reports, with its context alone
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 
@@ -150,7 +150,7 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
     auto event = EventDraft::Open(Lookup::kWebServiceAndTelemetry);
     if (!event) return 0;
     oet::ContextList context(4);
-    if (auto* session = event->Create<SearchSessionEntity>()) {
+    if (auto* session = event.Create<SearchSessionEntity>()) {
       oet::FillTrackingValues(*session, tracking);
       oet::SetOrClear(session, &SearchSessionEntity::ClearSessionId, &SearchSessionEntity::SetSessionId,
                       info.search_session_id);
@@ -158,21 +158,21 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
                       info.query_id);
       context.Add(session);
     }
-    if (auto* filter = event->Create<SearchFilterEntity>()) {
+    if (auto* filter = event.Create<SearchFilterEntity>()) {
       filter->SetCategory(oet::SearchCategoryWord(info.category));
       filter->SetSource(oet::SearchSourceWord(info.source));
       filter->SetFileType(oet::SearchFileTypeWord(info.file_type));
       filter->SetSortOrder(oet::SearchSortOrderWord(info.sort_order));
       context.Add(filter);
     }
-    if (auto* result = event->Create<SearchResultEntity>()) {
+    if (auto* result = event.Create<SearchResultEntity>()) {
       result->SetSection(oet::SearchSectionWord(info.section));
       result->SetResultAction(oet::SearchResultActionWord(info.result_action));
       oet::SetOrClear(result, &SearchResultEntity::ClearResultId, &SearchResultEntity::SetResultId,
                       info.result_id);
       context.Add(result);
     }
-    if (auto* metrics = event->Create<SearchMetricsEntity>()) {
+    if (auto* metrics = event.Create<SearchMetricsEntity>()) {
       metrics->SetFiltered(info.has_filter != 0);
       metrics->SetRecentSearch(info.is_recent_search != 0);
       metrics->SetSpellCorrected(info.is_spell_corrected != 0);
@@ -181,13 +181,13 @@ int TrackingPTSearchEventV2(const PTTrackingInfo_s& tracking, const SearchIntera
       metrics->SetElapsedMs(info.elapsed_ms);
       context.Add(metrics);
     }
-    event->AttachContext(std::move(context));
-    if (auto* body = event->Create<SearchPageEntity>()) {
+    event.AttachContext(std::move(context));
+    if (auto* body = event.Create<SearchPageEntity>()) {
       body->SetAction(oet::SearchActionWord(info.search_action));
       body->SetEntry(oet::SearchEntryWord(info.entry));
-      event->AttachBody(body);
+      event.AttachBody(body);
     }
-    return event->Submit(oet::kStandaloneCodes);
+    return event.Submit(oet::kStandaloneCodes);
   });
 }
 
