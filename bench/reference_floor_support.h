@@ -86,17 +86,29 @@ void AssignUtf8(std::string& out, const wchar_t* units, int length, int capacity
   out.resize(static_cast<size_t>(written > 0 ? written : 0));
 }
 
-std::string Utf8(const Kst::CStringT<wchar_t>& text) {
-  const int capacity = text.GetLength();
+// `length` wide units (-1: up to the first NUL; `capacity` sized for) as a new UTF-8 string, made
+// straight from the stack when short.
+std::string Utf8(const wchar_t* units, int length, int capacity) {
   constexpr int kStackUnits = 63;
   if (capacity <= 0 || capacity > kStackUnits) {
     std::string out;
-    AssignUtf8(out, text.c_str(), -1, capacity);
+    AssignUtf8(out, units, length, capacity);
     return out;
   }
   char buffer[kStackUnits * 4 + 1];
-  const int written = kst_str_convert(KST_CP_UTF8, text.c_str(), -1, buffer, static_cast<int>(sizeof buffer));
+  const int written = kst_str_convert(KST_CP_UTF8, units, length, buffer, static_cast<int>(sizeof buffer));
   return std::string(buffer, static_cast<size_t>(written > 0 ? written : 0));
+}
+
+std::string Utf8(const Kst::CStringT<wchar_t>& text) {
+  return Utf8(text.c_str(), -1, text.GetLength());
+}
+
+// The calling thread's string for texts too long for a string's own small buffer (the call times):
+// its capacity stays from one event to the next, so they allocate only on the thread's first event.
+std::string& LongText() {
+  static thread_local std::string text;
+  return text;
 }
 
 // ---- The client-context facts: the host's wide record, and its sixteen texts as UTF-8.
@@ -289,12 +301,9 @@ ClientEntity* BuildClient(const Event& event) {
 
 // The account's domain label: the stored label, else the part of the web URL between "https://" and
 // the web domain suffix that ends it ("dev" for a development URL, "aw1" when there is none).
-void DomainLabel(ICVWebServiceAPI& web_service, std::string& out) {
+std::string DomainLabel(ICVWebServiceAPI& web_service) {
   const Kst::CStringT<wchar_t> label = web_service.GetAccountDomain(0);
-  if (!label.IsEmpty()) {
-    AssignUtf8(out, label.c_str(), -1, label.GetLength());
-    return;
-  }
+  if (!label.IsEmpty()) return Utf8(label);
   const Kst::CStringT<wchar_t> url = web_service.GetAccountWebUrl(0, 0);
   IOrboUrlUtils* url_utils = GetOrboUrlUtils();
   const wchar_t* found = L"aw1";
@@ -317,7 +326,7 @@ void DomainLabel(ICVWebServiceAPI& web_service, std::string& out) {
       break;
     }
   }
-  AssignUtf8(out, found, length, length);
+  return Utf8(found, length, length);
 }
 
 // "YYYY-MM-DDThh:mm:ss.mmmZ" of a time that is not the zero time, into `out`.

@@ -5,8 +5,9 @@
 // What a careful engineer does by hand and the floors therefore do: the services are looked up afresh
 // on every call (the host contract); fixed words are kept as strings made once, so that setting one
 // copies nothing; wide texts convert on the stack; the client facts are kept as UTF-8 once the web
-// service has filled them; lists are built once with their final size; the two call times of the phone
-// event are written into one string whose buffer the second reuses.
+// service has filled them; lists are built once with their final size; texts too long for a string's
+// own small buffer (the call times, the meeting's start time) are written into one string per thread
+// whose buffer every event reuses.
 #include "bench/reference_floor_support.h"
 
 namespace oet_floor {
@@ -51,7 +52,6 @@ int Phone(const PTTrackingInfo_s& tracking, const OrboPTPAAP::PhoneInteractInfo_
   Event event;
   try {
     if (!event.Open()) return 0;
-    std::string text;  // every converted or formatted text in turn, one buffer
     std::string cut;
     auto* first = event.Create<PhoneContextEntity354>();
     auto* detail = event.Create<CallDetailEntity>();
@@ -59,8 +59,9 @@ int Phone(const PTTrackingInfo_s& tracking, const OrboPTPAAP::PhoneInteractInfo_
       detail->SetCallText2(Utf8(info.call_text2));
       detail->SetCallText1(Utf8(info.call_text1));
       detail->SetDirection(WordOf(kCallDirections, info.direction));
-      info.time1.is_null() ? detail->ClearTime1() : (UtcTimestamp(info.time1, text), detail->SetTime1(text));
-      info.time2.is_null() ? detail->ClearTime2() : (UtcTimestamp(info.time2, text), detail->SetTime2(text));
+      std::string& time = LongText();
+      info.time1.is_null() ? detail->ClearTime1() : (UtcTimestamp(info.time1, time), detail->SetTime1(time));
+      info.time2.is_null() ? detail->ClearTime2() : (UtcTimestamp(info.time2, time), detail->SetTime2(time));
     }
     auto* context = event.Create<PhoneContextEntity>();
     if (context != nullptr) {
@@ -78,8 +79,7 @@ int Phone(const PTTrackingInfo_s& tracking, const OrboPTPAAP::PhoneInteractInfo_
       Kst::CStringT<char> version;
       Kst::GetCurrentVersion(version);
       product->SetClientVersion(TextOf(version, cut));
-      DomainLabel(*event.web_service, text);
-      product->SetWebDomain(text);
+      product->SetWebDomain(DomainLabel(*event.web_service));
     }
     // Entity 354 keeps its place even when null; the others are left out when the host gives none.
     std::vector<EntityBase*> list;
@@ -252,7 +252,6 @@ int InMeeting(const OrboPAAP::MeetingTrackingInfo_s& tracking, const OrboPAAP::M
       std::unique_ptr<Facts> scratch;  // only for an unfilled context
       if (RefreshedFacts(scratch).wide.os_name.IsEmpty()) return event.Destroy();
     }
-    std::string text;
     std::string cut;
     std::vector<EntityBase*> list;
     list.reserve(14);
@@ -267,8 +266,7 @@ int InMeeting(const OrboPAAP::MeetingTrackingInfo_s& tracking, const OrboPAAP::M
                                        : e->SetConferenceId(TextOf(tracking.conference_id, cut));
       tracking.participant_id.IsEmpty() ? e->ClearParticipantId()
                                         : e->SetParticipantId(TextOf(tracking.participant_id, cut));
-      DomainLabel(*event.web_service, text);
-      e->SetDomainLabel(text);
+      e->SetDomainLabel(DomainLabel(*event.web_service));
       list.push_back(e);
     }
     if (auto* e = event.Create<MeetingSessionEntity>()) {
@@ -386,8 +384,9 @@ int InMeeting(const OrboPAAP::MeetingTrackingInfo_s& tracking, const OrboPAAP::M
       if (tracking.start_time.is_null()) {
         body->ClearStartTime();
       } else {
-        UtcTimestamp(tracking.start_time, text);
-        body->SetStartTime(text);
+        std::string& time = LongText();
+        UtcTimestamp(tracking.start_time, time);
+        body->SetStartTime(time);
       }
       event.AttachBody(body);
     }

@@ -46,33 +46,53 @@ void HostText::KeepCut(const Kst::CStringT<char>& text) {
 
 namespace {
 
-// Converts `units` (`length` of them, or up to the first NUL when `length` is -1) into UTF-8; `capacity`
-// is the number of units to size for. Short texts are converted on the stack, so that only a result
-// longer than the string's own small buffer allocates. A wide unit never takes more than four UTF-8
-// bytes; one more for the terminator. The host's conversion counts bytes in an int, so a text whose
-// UTF-8 form would pass INT_MAX - 1 bytes is cut there, at a character boundary.
-std::string Convert(const wchar_t* units, int length, int capacity) {
-  if (capacity <= 0) return std::string();
-  constexpr int kStackUnits = 63;
+// Texts of up to this many units are converted on the stack (four bytes a unit, one more for the
+// terminator), longer ones straight into the MadeText.
+constexpr int kStackUnits = 63;
+
+void ConvertLong(MadeText& out, const wchar_t* units, int length, int capacity) {
+  const size_t bytes = std::min(static_cast<size_t>(capacity) * 4 + 1, static_cast<size_t>(INT_MAX));
+  std::string& utf8 = out.For(bytes);
+  utf8.resize(bytes);
+  const int written = kst_str_convert(KST_CP_UTF8, units, length, &utf8[0], static_cast<int>(utf8.size()));
+  utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
+}
+
+// The usual case returns the text made straight from the stack (by copy elision, as every MadeText).
+// Flattened, so that the short string is made inline as a plain string would be.
+#if defined(__GNUC__)
+__attribute__((flatten))
+#endif
+MadeText
+Convert(const wchar_t* units, int length, int capacity) {
+  if (capacity <= 0) return MadeText();
   if (capacity <= kStackUnits) {
     char utf8[kStackUnits * 4 + 1];
     const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
-    return std::string(utf8, static_cast<size_t>(written > 0 ? written : 0));
+    return MadeText(utf8, static_cast<size_t>(written > 0 ? written : 0));
   }
-  const size_t bytes = std::min(static_cast<size_t>(capacity) * 4 + 1, static_cast<size_t>(INT_MAX));
-  std::string utf8(bytes, '\0');
-  const int written = kst_str_convert(KST_CP_UTF8, units, length, &utf8[0], static_cast<int>(utf8.size()));
-  utf8.resize(static_cast<size_t>(written > 0 ? written : 0));
-  return utf8;
+  return MadeText([&](MadeText& out) { ConvertLong(out, units, length, capacity); });
 }
 
 }  // namespace
 
-std::string ToUtf8(const Kst::CStringT<wchar_t>& text) {
+void AssignUtf8(MadeText& out, const wchar_t* units, int length, int capacity) {
+  if (capacity <= 0) {
+    out.For(0).clear();
+  } else if (capacity <= kStackUnits) {
+    char utf8[kStackUnits * 4 + 1];
+    const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
+    out.Assign(utf8, static_cast<size_t>(written > 0 ? written : 0));
+  } else {
+    ConvertLong(out, units, length, capacity);
+  }
+}
+
+MadeText ToUtf8(const Kst::CStringT<wchar_t>& text) {
   return Convert(text.c_str(), -1, text.GetLength());
 }
 
-std::string ToUtf8(const wchar_t* units, int length) {
+MadeText ToUtf8(const wchar_t* units, int length) {
   return Convert(units, length, length);
 }
 

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "core/made_text.h"
 #include "oKstPlatform/kst_string.h"
 #include "oKstPlatform/telemetry_api.h"
 #include "oKstPlatform/web_service.h"
@@ -84,17 +85,22 @@ inline HostText TextOf(const Kst::CStringT<char>& text) {
 inline HostText TextOf(Kst::CStringT<char>&& text) {
   return HostText(std::move(text));
 }
-// The text of a wide host string as UTF-8, through the host's code-page conversion.
-std::string ToUtf8(const Kst::CStringT<wchar_t>& text);
+// Converts `units` (`length` of them, or up to the first NUL when `length` is -1) into UTF-8 in `out`,
+// through the host's code-page conversion; `capacity` is the number of units to size for. A wide unit
+// never takes more than four UTF-8 bytes. The host's conversion counts bytes in an int, so a text whose
+// UTF-8 form would pass INT_MAX - 1 bytes is cut there, at a character boundary.
+void AssignUtf8(MadeText& out, const wchar_t* units, int length, int capacity);
+// The text of a wide host string as UTF-8 (up to its first NUL).
+MadeText ToUtf8(const Kst::CStringT<wchar_t>& text);
 // `length` wide units as UTF-8, embedded NULs included (the caller has cut the text already).
-std::string ToUtf8(const wchar_t* units, int length);
+MadeText ToUtf8(const wchar_t* units, int length);
 inline HostText Utf8Of(const Kst::CStringT<char>& text) {
   return TextOf(text);
 }
 inline HostText Utf8Of(Kst::CStringT<char>&& text) {
   return TextOf(std::move(text));
 }
-inline std::string Utf8Of(const Kst::CStringT<wchar_t>& text) {
+inline MadeText Utf8Of(const Kst::CStringT<wchar_t>& text) {
   return ToUtf8(text);
 }
 

@@ -1,5 +1,7 @@
 #include "core/timestamp.h"
 
+#include <string>
+
 namespace oet {
 namespace {
 
@@ -43,15 +45,13 @@ Padded(char* out, int value, int width) {
 
 }  // namespace
 
-std::string FormatUtcTimestamp(const Kst::Time& time) {
-  std::string text;
-  FormatUtcTimestamp(time, text);
-  return text;
+MadeText FormatUtcTimestamp(const Kst::Time& time) {
+  return MadeText([&](MadeText& text) { FormatUtcTimestamp(time, text); });
 }
 
-void FormatUtcTimestamp(const Kst::Time& time, std::string& text) {
+void FormatUtcTimestamp(const Kst::Time& time, MadeText& text) {
   if (time.is_null()) {
-    text.clear();
+    text.For(0).clear();
     return;
   }
   Kst::Time::Exploded t;
@@ -71,7 +71,7 @@ void FormatUtcTimestamp(const Kst::Time& time, std::string& text) {
   *out++ = '.';
   out = Padded(out, t.millisecond, 3);
   *out++ = 'Z';
-  text.assign(digits, static_cast<size_t>(out - digits));
+  text.Assign(digits, static_cast<size_t>(out - digits));
 }
 
 }  // namespace oet

@@ -1,8 +1,7 @@
 // Host times as the text that events carry.
 #pragma once
 
-#include <string>
-
+#include "core/made_text.h"
 #include "oKstPlatform/kst_time.h"
 
 namespace oet {
@@ -11,9 +10,11 @@ namespace oet {
 // "2024-03-07T05:09:01.042Z"); the empty string for the zero ("not given") time. Sub-millisecond
 // parts are dropped, not rounded. Years past 9999 are written with all their digits; years before 1
 // (times far before the epoch) with a leading minus sign.
-std::string FormatUtcTimestamp(const Kst::Time& time);
-// The same into `text`, whose buffer is reused: an event that writes several times formats them all
-// into one string, so that only the first can allocate.
-void FormatUtcTimestamp(const Kst::Time& time, std::string& text);
+// The text (24 bytes) is longer than a string's own small buffer, so it is made in the thread's text
+// buffer when that is free (core/made_text.h).
+MadeText FormatUtcTimestamp(const Kst::Time& time);
+// The same into `text`: an event that writes several times formats them one after the other into one
+// MadeText.
+void FormatUtcTimestamp(const Kst::Time& time, MadeText& text);
 
 }  // namespace oet

@@ -34,22 +34,32 @@ std::wstring_view VanityLabel(const Kst::CStringT<wchar_t>& url) {
   return kNoLabel;
 }
 
-}  // namespace
-
-std::string DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url) {
+// The label in `url` into `out`, read up to a NUL as every host string is.
+void AssignLabelOfUrl(MadeText& out, const Kst::CStringT<wchar_t>& url) {
   const std::wstring_view found = VanityLabel(url);
-  // Read up to a NUL, as every host string is.
   const wchar_t* nul = std::wmemchr(found.data(), L'\0', found.size());
-  return ToUtf8(found.data(), static_cast<int>(nul != nullptr ? nul - found.data() : found.size()));
+  const int length = static_cast<int>(nul != nullptr ? nul - found.data() : found.size());
+  AssignUtf8(out, found.data(), length, length);
 }
 
-std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read) {
-  std::string label = ToUtf8(web_service.GetAccountDomain(0));
-  if (!label.empty()) {  // as it goes out: a label that starts with NUL counts as empty
-    if (read == WebUrlRead::kAlways) web_service.GetAccountWebUrl(0, 0);  // asked for, not needed
-    return label;
-  }
-  return DomainLabelOfUrl(web_service.GetAccountWebUrl(0, 0));
+}  // namespace
+
+MadeText DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url) {
+  return MadeText([&](MadeText& label) { AssignLabelOfUrl(label, url); });
+}
+
+MadeText AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read) {
+  return MadeText([&](MadeText& label) {
+    {
+      const Kst::CStringT<wchar_t> stored = web_service.GetAccountDomain(0);
+      AssignUtf8(label, stored.c_str(), -1, stored.GetLength());
+    }
+    if (!label.empty()) {  // as it goes out: a label that starts with NUL counts as empty
+      if (read == WebUrlRead::kAlways) web_service.GetAccountWebUrl(0, 0);  // asked for, not needed
+      return;
+    }
+    AssignLabelOfUrl(label, web_service.GetAccountWebUrl(0, 0));
+  });
 }
 
 }  // namespace oet

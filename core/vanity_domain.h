@@ -2,8 +2,7 @@
 // and the product facts carry it.
 #pragma once
 
-#include <string>
-
+#include "core/made_text.h"
 #include "oKstPlatform/kst_string.h"
 #include "oKstPlatform/web_service.h"
 
@@ -18,7 +17,7 @@ namespace oet {
 //  - otherwise "aw1".
 // "dev" and "aw1" are markers the back end expects; they are never replaced by an empty label. Both
 // searches are case-sensitive. The suffixes are the build setting OET_WEB_DOMAIN_SUFFIXES.
-std::string DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url);
+MadeText DomainLabelOfUrl(const Kst::CStringT<wchar_t>& url);
 
 // When the account's web URL is asked for: only when the stored label is empty, or every time (the
 // OUI-framework event asks for both, label first, on every call).
@@ -27,7 +26,6 @@ enum class WebUrlRead { kWhenLabelEmpty, kAlways };
 // The account's domain label as the web service knows it, as UTF-8: its stored label (operation 35), or,
 // when that is empty, DomainLabelOfUrl of its web URL (operation 37), converted straight from the
 // web service's answers (no wide copy of the label).
-std::string AccountDomainLabelUtf8(ICVWebServiceAPI& web_service,
-                                   WebUrlRead read = WebUrlRead::kWhenLabelEmpty);
+MadeText AccountDomainLabelUtf8(ICVWebServiceAPI& web_service, WebUrlRead read = WebUrlRead::kWhenLabelEmpty);
 
 }  // namespace oet

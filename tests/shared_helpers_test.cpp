@@ -19,7 +19,8 @@ struct TimeCase {
 class UtcTimestamp : public ::testing::TestWithParam<TimeCase> {};
 
 TEST_P(UtcTimestamp, WritesIsoUtcWithMilliseconds) {
-  EXPECT_EQ(oet::FormatUtcTimestamp(Kst::Time::FromUnixMicroseconds(GetParam().unix_us)), GetParam().text);
+  EXPECT_EQ(oet::FormatUtcTimestamp(Kst::Time::FromUnixMicroseconds(GetParam().unix_us)).str(),
+            GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/host.h"
+#include "core/timestamp.h"
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/kst_number.h"
 #include "oKstPlatform/kst_string.h"
@@ -95,7 +96,7 @@ class WideToUtf8 : public testing::TestWithParam<EncodeCase> {};
 TEST_P(WideToUtf8, EncodesAndReplacesLoneSurrogates) {
   EXPECT_EQ(Convert<char>(GetParam().wide), GetParam().utf8);
   EXPECT_EQ(Kst::WideToUtf8(CStringT<wchar_t>(GetParam().wide)), GetParam().utf8);
-  EXPECT_EQ(oet::ToUtf8(CStringT<wchar_t>(GetParam().wide)),
+  EXPECT_EQ(oet::ToUtf8(CStringT<wchar_t>(GetParam().wide)).str(),
             GetParam().utf8.substr(0, GetParam().utf8.find('\0')));
 }
 
@@ -135,7 +136,29 @@ TEST(HostText, NarrowAndWideCutAtTheFirstNul) {
       {long_text + kGrin, long_text + kGrin}};
   for (const auto& [text, sent] : cases) {
     EXPECT_EQ(oet::TextOf(CStringT<char>(text.data(), static_cast<int>(text.size()))).str(), sent);
-    EXPECT_EQ(oet::ToUtf8(Kst::Utf8ToWide(text)), sent);
+    EXPECT_EQ(oet::ToUtf8(Kst::Utf8ToWide(text)).str(), sent);
+  }
+}
+
+// Texts the library makes share one buffer per thread, one text at a time: texts alive together (two in
+// one call's arguments, a host calling back into the library from inside an entity operation) each keep
+// their own, short and long, on the stack or past it, and past the size the buffer keeps.
+TEST(MadeText, TextsAliveTogetherKeepTheirOwn) {
+  const auto utf8 = [](const std::string& text) { return oet::ToUtf8(Kst::Utf8ToWide(text)); };
+  const std::string texts[] = {std::string(20, 'a'), std::string(300, 'b'), "short", std::string(5000, 'c'),
+                               std::string(16, 'd')};
+  for (const std::string& first : texts) {
+    const auto& outer = utf8(first);
+    for (const std::string& second : texts) {
+      const auto& inner = utf8(second);
+      oet::MadeText time;
+      oet::FormatUtcTimestamp(Kst::Time::FromUnixMicroseconds(1709210096007000), time);
+      EXPECT_EQ(inner.str(), second);
+      EXPECT_EQ(time.str(), "2024-02-29T12:34:56.007Z");
+      EXPECT_EQ(outer.str(), first);
+    }
+    // The buffer is free again once the inner texts are gone: the next long text is whole.
+    EXPECT_EQ(utf8(first + "!").str(), first + "!");
   }
 }
 

@@ -186,8 +186,8 @@ void FillMeetingBody(MeetingBodyEntity& body, const MeetingTrackingInfo_s& track
   body.SetMeetingValue6(info.sixth_code);
   body.SetMeetingValue7(info.seventh_code);
   body.SetMeetingDetail(info.detail);
-  const std::string label = oet::ToUtf8(info.label);
-  if (!label.empty()) body.SetMeetingText(label);  // an empty label leaves it alone
+  oet::SetUnlessEmpty(&body, &MeetingBodyEntity::SetMeetingText,
+                      info.label);  // an empty label leaves it alone
   body.SetMeetingFlag(info.body_flag != 0);
   if (tracking.body_number != 0) body.SetMeetingNumber(tracking.body_number);
   oet::SetOrClearValue(&body, &MeetingBodyEntity::ClearStartTime, &MeetingBodyEntity::SetStartTime,

@@ -99,8 +99,9 @@ ChatDBInteractEntity* BuildDatabaseBody(const EventDraft& event, const ChatDBInt
   auto* body = event.Create<E>();
   if (body == nullptr) return nullptr;
   SetOrClear(body, &E::ClearField1, &E::SetField1, info.field1);
-  const std::string field2 = ToUtf8(info.field2);
-  body->SetField2(field2.empty() ? std::string("unknown") : field2);
+  static const std::string& kUnknown = *new std::string("unknown");  // never destroyed
+  const auto& field2 = ToUtf8(info.field2);
+  body->SetField2(field2.empty() ? kUnknown : field2.str());
   SetOrClear(body, &E::ClearField3, &E::SetField3, info.field3);
   body->SetField4(info.field4 == 0 ? 6 : info.field4);
   SetOrClearValue(body, &E::ClearField14, &E::SetField14, info.field14);

@@ -24,9 +24,9 @@ CallDetailEntity* BuildCallDetail(const oet::EventDraft& event, const PhoneInter
   detail->SetCallText2(oet::ToUtf8(info.call_text2));
   detail->SetCallText1(oet::ToUtf8(info.call_text1));
   detail->SetDirection(oet::CallDirectionWord(info.direction));
-  // A time not given (zero) clears its field. Both times are formatted into one string, so that the
-  // two texts (too long for a string's own small buffer) take one allocation between them.
-  std::string time;
+  // A time not given (zero) clears its field. Both times are formatted one after the other into one
+  // text.
+  oet::MadeText time;
   oet::FormatUtcTimestamp(info.time1, time);
   oet::SetOrClearValue(detail, &CallDetailEntity::ClearTime1, &CallDetailEntity::SetTime1, time);
   oet::FormatUtcTimestamp(info.time2, time);

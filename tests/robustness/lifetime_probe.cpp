@@ -6,6 +6,8 @@
 //   atexit-nohost   the same, after the host is gone
 //   atexit-later    from an atexit handler registered after the first tracking call
 //   static-dtor     from the destructor of a static built before the first tracking call
+//   thread-exit     from the destructor of a thread's own object, after the thread's other
+//                   thread-local objects (the library's among them) are gone
 //   reentrant       a web service that calls exports while it fills the client context, first use
 //   reentrant-wait  a web service that, while it fills, waits for another thread's export call
 // Each prints "ok <scenario> <calls>" when its last call returned; a crash, a sanitizer report or a
@@ -52,6 +54,12 @@ struct CallsWhenDestroyed {
   ~CallsWhenDestroyed() { CallEverythingAndReport(); }
 };
 
+// A thread's object whose destructor tracks. Built before the thread's first tracking call, so that
+// it is destroyed after whatever that call builds for the thread.
+struct ThreadCallsWhenDestroyed {
+  ~ThreadCallsWhenDestroyed() { CallEverythingAndReport(); }
+};
+
 int Run(const std::string& scenario) {
   if (scenario == "no-host") {
     CallEverythingAndReport();
@@ -78,6 +86,12 @@ int Run(const std::string& scenario) {
     static CallsWhenDestroyed caller;
     g_host = new oet_testing::RecordingHost;
     CallEverything();
+  } else if (scenario == "thread-exit") {
+    g_host = new oet_testing::RecordingHost;
+    std::thread([] {
+      thread_local ThreadCallsWhenDestroyed caller;
+      CallEverything();
+    }).join();
   } else if (scenario == "reentrant") {
     g_host = new oet_testing::RecordingHost;
     g_host->web_service().SetFillHook([] {
