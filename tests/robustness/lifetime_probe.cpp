@@ -29,6 +29,19 @@ std::vector<oet_robustness::ExportCase>* g_cases = nullptr;
 oet_testing::RecordingHost* g_host = nullptr;  // reachable until exit: never destroyed
 const char* g_scenario = "";
 
+// A phone event whose texts the library makes are longer than a string's small buffer (the call times,
+// converted texts), so that they go through the thread's text buffer.
+int CallWithLongTexts() {
+  OrboPTPAAP::PhoneInteractInfo_s info;
+  info.call_detail = 1;
+  info.call_text1 = L"a call text longer than any small buffer";
+  info.context_text1 = L"a context text longer than any small buffer";
+  info.time1 = Kst::Time::FromUnixMicroseconds(1709210096007000);
+  info.time2 = Kst::Time::FromUnixMicroseconds(1709210156007000);
+  OrboPTPAAP::TrackingPhoneInteractEvent({"primary", "secondary"}, info);
+  return 1;
+}
+
 int CallEverything() {
   int calls = 0;
   for (const auto& c : *g_cases) {
@@ -37,7 +50,7 @@ int CallEverything() {
       ++calls;
     }
   }
-  return calls;
+  return calls + CallWithLongTexts();
 }
 
 void CallEverythingAndReport() {
