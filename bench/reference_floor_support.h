@@ -19,7 +19,6 @@
 #include <vector>
 
 #include "bench/reference.h"
-#include "core/web_domains.h"
 #include "oKstPlatform/entities.h"
 #include "oKstPlatform/kst_convert.h"
 #include "oKstPlatform/kst_number.h"
@@ -313,7 +312,8 @@ std::string DomainLabel(ICVWebServiceAPI& web_service) {
   } else if (const int scheme = url.find(L"https://"); scheme != Kst::CStringT<wchar_t>::npos) {
     const int start = scheme + 8;
     const int size = url.GetLength();
-    for (const wchar_t* suffix : oet::kWebDomainSuffixes) {
+    static const wchar_t* const kSuffixes[] = {OET_FLOOR_WEB_DOMAIN_SUFFIXES};  // the build setting's
+    for (const wchar_t* suffix : kSuffixes) {
       const int suffix_length = static_cast<int>(std::wcslen(suffix));
       const int end = size - suffix_length;
       if (end < 0 || std::wmemcmp(url.c_str() + end, suffix, static_cast<size_t>(suffix_length)) != 0)
