@@ -87,16 +87,22 @@ class ClientContextCache {
     }
   }
 
+  // The web service is looked up on every refresh; a filled cache stops there (the usual case, kept
+  // inline), an unfilled one asks the web service to fill it.
   void Refresh() {
     ICVWebServiceAPI* web_service = GetWebServiceApi();
     if (web_service == nullptr) return;
     if (filled_.load(std::memory_order_acquire) != nullptr) return;  // a successful fill is never repeated
+    Fill(*web_service);
+  }
+
+  void Fill(ICVWebServiceAPI& web_service) {
     if (t_filling) return;
 
     ClientContext record = CopyRecord();
     {
       FillingOnThisThread filling;
-      FillRecord(*web_service, record);
+      FillRecord(web_service, record);
     }
     ClientFacts facts = FactsOf(record);
 
