@@ -4,7 +4,7 @@
 // A text that fits a string's own small buffer is made inside the object, as a plain string would be.
 // A longer one is made in the calling thread's text buffer, which keeps its capacity from one event to
 // the next, so that an event's long texts do not allocate once the thread has made texts that long
-// (the buffer gives its memory back after a text longer than kKeptCapacity). One object holds the
+// (the buffer gives its memory back after a text that needed more than kKeptCapacity bytes). One object holds the
 // buffer at a time: a second long text made while the first is alive (two in one call's arguments, or a
 // host that calls back into the library from inside an entity operation) is made in its own object,
 // which allocates as a string would. So does a text made on a thread whose buffer is already gone
@@ -45,8 +45,8 @@ class MadeText {
   }
 
   // The string to make a text of `length` bytes in (it may hold anything; the caller sets all of it):
-  // the object's own for a short text or while it holds the thread's buffer, else the thread's buffer
-  // when it is free.
+  // the thread's buffer once this object holds it; else the object's own string for a short text; else
+  // the thread's buffer when it is free, the object's own string when it is not.
   std::string& For(std::size_t length) {
     if (length > own_.capacity() && !leased_) Lease();
     return *text_;
