@@ -4,11 +4,13 @@
 // A text that fits a string's own small buffer is made inside the object, as a plain string would be.
 // A longer one is made in the calling thread's text buffer, which keeps its capacity from one event to
 // the next, so that an event's long texts do not allocate once the thread has made texts that long
-// (the buffer gives its memory back after a text that needed more than kKeptCapacity bytes). One object holds the
-// buffer at a time: a second long text made while the first is alive (two in one call's arguments, or a
-// host that calls back into the library from inside an entity operation) is made in its own object,
-// which allocates as a string would. So does a text made on a thread whose buffer is already gone
-// (a call from the thread's exit path, after its thread-local objects were destroyed).
+// (the buffer gives its memory back after a text that needed more than kKeptCapacity bytes).
+//
+// One object holds the buffer at a time: a second long text made while the first is alive (two in one
+// call's arguments, or a host that calls back into the library from inside an entity operation) is
+// made in its own object, which allocates as a string would. So does a text made on a thread whose
+// buffer is already gone (a call from the thread's exit path, after its thread-local objects were
+// destroyed).
 //
 // The object is pinned (neither copied nor moved; it is returned by copy elision). Bound to
 // `const auto&` it lives as long as the reference; a `const std::string&` bound to a temporary
