@@ -46,9 +46,18 @@ void HostText::KeepCut(const Kst::CStringT<char>& text) {
 
 namespace {
 
-// Texts of up to this many units are converted on the stack (four bytes a unit, one more for the
-// terminator), longer ones straight into the MadeText.
+// Texts of up to this many units are converted on the stack, longer ones straight into the MadeText.
 constexpr int kStackUnits = 63;
+
+// A short text converted on the stack (four bytes a unit at most, one more for the terminator).
+struct OnStack {
+  OnStack(const wchar_t* units, int length) {
+    const int written = kst_str_convert(KST_CP_UTF8, units, length, bytes, static_cast<int>(sizeof bytes));
+    size = static_cast<size_t>(written > 0 ? written : 0);
+  }
+  char bytes[kStackUnits * 4 + 1];
+  size_t size;
+};
 
 void ConvertLong(MadeText& out, const wchar_t* units, int length, int capacity) {
   const size_t bytes = std::min(static_cast<size_t>(capacity) * 4 + 1, static_cast<size_t>(INT_MAX));
@@ -67,9 +76,8 @@ MadeText
 Convert(const wchar_t* units, int length, int capacity) {
   if (capacity <= 0) return MadeText();
   if (capacity <= kStackUnits) {
-    char utf8[kStackUnits * 4 + 1];
-    const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
-    return MadeText(utf8, static_cast<size_t>(written > 0 ? written : 0));
+    const OnStack utf8(units, length);
+    return MadeText(utf8.bytes, utf8.size);
   }
   return MadeText([&](MadeText& out) { ConvertLong(out, units, length, capacity); });
 }
@@ -80,9 +88,8 @@ void AssignUtf8(MadeText& out, const wchar_t* units, int length, int capacity) {
   if (capacity <= 0) {
     out.For(0).clear();
   } else if (capacity <= kStackUnits) {
-    char utf8[kStackUnits * 4 + 1];
-    const int written = kst_str_convert(KST_CP_UTF8, units, length, utf8, static_cast<int>(sizeof utf8));
-    out.Assign(utf8, static_cast<size_t>(written > 0 ? written : 0));
+    const OnStack utf8(units, length);
+    out.Assign(utf8.bytes, utf8.size);
   } else {
     ConvertLong(out, units, length, capacity);
   }
