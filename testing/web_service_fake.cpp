@@ -97,30 +97,25 @@ void WebServiceFake::Enter(int op, const Call& call) {
   }
 }
 
-Kst::CStringT<wchar_t> WebServiceFake::GetAccountDomain(int32_t which) {
-  HostBookkeeping bookkeeping;
-  const Call call = HostCall("ICVWebServiceAPI::GetAccountDomain", {which});
-  Enter(35, call);
-  std::string domain;
+Kst::CStringT<wchar_t> WebServiceFake::AnswerText(int op, const Call& call, const std::string& stored) {
+  Enter(op, call);
+  std::string text;
   {
     std::lock_guard<std::mutex> lock(mutex_);
-    domain = domain_;
+    text = stored;
   }
-  Report(Answered(call, domain));
-  return Kst::Utf8ToWide(domain);
+  Report(Answered(call, text));
+  return Kst::Utf8ToWide(text);
+}
+
+Kst::CStringT<wchar_t> WebServiceFake::GetAccountDomain(int32_t which) {
+  HostBookkeeping bookkeeping;
+  return AnswerText(35, HostCall("ICVWebServiceAPI::GetAccountDomain", {which}), domain_);
 }
 
 Kst::CStringT<wchar_t> WebServiceFake::GetAccountWebUrl(int32_t which, int32_t variant) {
   HostBookkeeping bookkeeping;
-  const Call call = HostCall("ICVWebServiceAPI::GetAccountWebUrl", {which, variant});
-  Enter(37, call);
-  std::string url;
-  {
-    std::lock_guard<std::mutex> lock(mutex_);
-    url = web_url_;
-  }
-  Report(Answered(call, url));
-  return Kst::Utf8ToWide(url);
+  return AnswerText(37, HostCall("ICVWebServiceAPI::GetAccountWebUrl", {which, variant}), web_url_);
 }
 
 void WebServiceFake::SetFillHook(std::function<void()> hook) {

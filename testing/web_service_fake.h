@@ -57,6 +57,8 @@ class WebServiceFake final : public ICVWebServiceAPI, public ICVShortKeyLookup {
   // Counts a call of operation `op`; while throwing, reports `call` as thrown and throws.
   void Enter(int op, const Call& call);
   void Report(Call call);
+  // Answers operation `op` with a copy of `stored` (read under the lock) as wide text, and reports it.
+  Kst::CStringT<wchar_t> AnswerText(int op, const Call& call, const std::string& stored);
 
   mutable std::mutex mutex_;
   ContextAnswer context_;

@@ -1,5 +1,5 @@
-// The event catalog's page: the introduction, then one section per export from the Report its study
-// gave (catalog_study.h).
+// The event catalog's page: every export studied (catalog_study.h), its Report completed by calls with
+// a filled client context, then the introduction and one section per export.
 #include "tools/replay/catalog.h"
 
 #include <ostream>
@@ -11,8 +11,30 @@ namespace oet_replay {
 namespace {
 
 using catalog::Code;
+using catalog::EntitySeen;
+using catalog::OpSeen;
 using catalog::Report;
 using catalog::Row;
+
+// Marks the rows whose value differs once the client context is filled (their value comes from the
+// host), and shows such rows with the value a filled context gives. `seen`: one call per base record.
+void ApplyFilledContext(Report& report, const std::vector<catalog::Seen>& seen) {
+  const auto update = [](Row& row, const std::string* value) {
+    if (row.clock || value == nullptr) return;
+    if (row.canonical && *row.canonical != *value) row.host = true;
+    if (row.host) row.value = *value;
+  };
+  for (auto& section : report.entities) {
+    for (auto& row : section.rows) {
+      const size_t bar = row.key.find('|');
+      const EntitySeen* entity = seen[static_cast<size_t>(row.base)].Entity(row.key.substr(0, bar));
+      const OpSeen* op = entity == nullptr ? nullptr : entity->Op(row.key.substr(bar + 1));
+      update(row, op == nullptr ? nullptr : &op->value);
+    }
+  }
+  for (auto& row : report.filled)
+    update(row, seen[static_cast<size_t>(row.base)].Filled(row.key));
+}
 
 std::string From(const Row& row) {
   if (row.clock) return "the clock";
@@ -141,7 +163,7 @@ void WriteCatalog(std::ostream& out, const std::vector<ExportEntry>& exports) {
       runner.NextSlot();
       seen.push_back(runner.Call(*report.entry, arguments));
     }
-    catalog::ApplyFilledContext(report, seen);
+    ApplyFilledContext(report, seen);
   }
   out << kIntroduction << "\n## Exports\n\n";
   for (const auto& report : reports)

@@ -590,25 +590,5 @@ Report StudyExport(const ExportEntry& entry, Runner& runner) {
   return Study(entry, runner).Perform();
 }
 
-// Marks the rows whose value differs once the client context is filled (their value comes from the
-// host), and shows such rows with the value a filled context gives. `seen`: one call per base record.
-void ApplyFilledContext(Report& report, const std::vector<Seen>& seen) {
-  const auto update = [](Row& row, const std::string* value) {
-    if (row.clock || value == nullptr) return;
-    if (row.canonical && *row.canonical != *value) row.host = true;
-    if (row.host) row.value = *value;
-  };
-  for (auto& section : report.entities) {
-    for (auto& row : section.rows) {
-      const size_t bar = row.key.find('|');
-      const EntitySeen* entity = seen[static_cast<size_t>(row.base)].Entity(row.key.substr(0, bar));
-      const OpSeen* op = entity == nullptr ? nullptr : entity->Op(row.key.substr(bar + 1));
-      update(row, op == nullptr ? nullptr : &op->value);
-    }
-  }
-  for (auto& row : report.filled)
-    update(row, seen[static_cast<size_t>(row.base)].Filled(row.key));
-}
-
 }  // namespace catalog
 }  // namespace oet_replay

@@ -45,9 +45,5 @@ struct Report {
 // Calls the export in every way catalog.h lists and finds what it does.
 Report StudyExport(const ExportEntry& entry, Runner& runner);
 
-// Marks the rows whose value differs once the client context is filled (their value comes from the
-// host), and shows such rows with the value a filled context gives. `seen`: one call per base record.
-void ApplyFilledContext(Report& report, const std::vector<Seen>& seen);
-
 }  // namespace catalog
 }  // namespace oet_replay
